@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QtCore/QObject>
+
+#include <deque>
+#include <functional>
+
+/// Lets every script call run to completion: what comes due while one is in progress waits, and is
+/// delivered in the order in which it came due once that call has returned. GUI thread only.
+class CallQueue : public QObject
+{
+    Q_OBJECT
+
+public:
+    using Task = std::function<void()>;
+
+    /// A script call in progress, for as long as the scope lives. Scopes nest.
+    class Scope
+    {
+    public:
+        explicit Scope(CallQueue &queue);
+        ~Scope();
+        Q_DISABLE_COPY(Scope)
+
+    private:
+        CallQueue &m_queue;
+        const int m_outerLevel;
+    };
+
+    explicit CallQueue(QObject *parent = nullptr);
+
+    /// Runs @p task at once if nothing is in progress or waiting, else when its turn comes.
+    void deliver(Task task);
+
+    /// Whether the caller is part of the call in progress, and not reached from an event loop nested
+    /// inside it.
+    bool isPartOfCall() const;
+
+    /// Nothing is in progress or waiting.
+    bool isIdle() const;
+
+    /// Drops what waits and takes nothing more: the run is ending.
+    void close();
+
+signals:
+    /// The last call has returned and nothing waits.
+    void idle();
+
+private:
+    void run(const Task &task);
+    void scheduleDrain();
+    void drain();
+
+    std::deque<Task> m_waiting;
+    int m_depth = 0;
+    int m_loopLevel = 0;
+    bool m_closed = false;
+};

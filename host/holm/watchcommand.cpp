@@ -1,0 +1,130 @@
+#include "watchcommand.h"
+
+#include "exitstatus.h"
+#include "scriptengine.h"
+#include "unixsignals.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QDateTime>
+#include <QtCore/QDirIterator>
+#include <QtCore/QFileInfo>
+
+#include <csignal>
+#include <iostream>
+#include <sys/prctl.h>
+
+namespace {
+
+// An editor may write several files, or one in several steps.
+constexpr int settleMilliseconds = 150;
+constexpr int patienceMilliseconds = 3000;
+
+class Child : public QProcess
+{
+protected:
+    // Nothing of a run stays behind, even if this process is killed.
+    void setupChildProcess() override { prctl(PR_SET_PDEATHSIG, SIGTERM); }
+};
+
+} // namespace
+
+WatchCommand::WatchCommand(const RunOptions &options, const QStringList &childCommandLine)
+    : m_options(options)
+    , m_commandLine(childCommandLine)
+{
+    m_settle.setSingleShot(true);
+    m_settle.setInterval(settleMilliseconds);
+    connect(&m_settle, &QTimer::timeout, this, &WatchCommand::restartIfChanged);
+    const auto settle = [this] { m_settle.start(); };
+    connect(&m_watcher, &QFileSystemWatcher::fileChanged, this, settle);
+    connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this, settle);
+}
+
+WatchCommand::~WatchCommand()
+{
+    stopChild();
+}
+
+int WatchCommand::execute()
+{
+    UnixSignals signalsOfUnix;
+    connect(&signalsOfUnix, &UnixSignals::received, this,
+            [](int number) { QCoreApplication::exit(ExitStatus::signalBase + number); });
+    m_files = watchFiles();
+    start();
+    const int status = QCoreApplication::exec();
+    stopChild();
+    return status;
+}
+
+WatchCommand::Files WatchCommand::watchFiles()
+{
+    const QString folder = QFileInfo(m_options.script).path();
+    const bool isFolder = QFileInfo(m_options.script).fileName() == QLatin1String("widget.js");
+
+    QStringList paths{m_options.script};
+    if (isFolder) {
+        QDirIterator iterator(folder, QDir::AllEntries | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
+        while (iterator.hasNext())
+            paths.append(iterator.next());
+    }
+    Files files;
+    for (const QString &path : qAsConst(paths)) {
+        const QFileInfo info(path);
+        if (info.isFile())
+            files.insert(path, {info.lastModified().toMSecsSinceEpoch(), info.size()});
+    }
+    // The folder, too: files that editors replace drop out of the watcher.
+    paths.append(folder);
+    m_watcher.addPaths(paths);
+    return files;
+}
+
+void WatchCommand::restartIfChanged()
+{
+    const Files files = watchFiles();
+    if (files == m_files)
+        return;
+    m_files = files;
+    const QString error = ScriptEngine::syntaxError(m_options.script);
+    if (!error.isEmpty()) {
+        std::cerr << error.toStdString() << std::endl;
+        return;
+    }
+    stopChild();
+    start();
+}
+
+void WatchCommand::start()
+{
+    m_child = std::make_unique<Child>();
+    m_child->setProcessChannelMode(QProcess::ForwardedChannels);
+    m_child->setInputChannelMode(QProcess::ForwardedInputChannel);
+    connect(m_child.get(), QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), this,
+            [this](int status) { childEnded(status); });
+    m_child->start(QCoreApplication::applicationFilePath(), m_commandLine);
+}
+
+void WatchCommand::stopChild()
+{
+    if (!m_child)
+        return;
+    m_child->disconnect(this);
+    m_child->terminate();
+    if (m_child->state() != QProcess::NotRunning && !m_child->waitForFinished(patienceMilliseconds)) {
+        m_child->kill();
+        m_child->waitForFinished();
+    }
+    m_child.reset();
+}
+
+void WatchCommand::childEnded(int status)
+{
+    const bool failed = m_child->exitStatus() == QProcess::CrashExit || status == ExitStatus::scriptError
+        || status == ExitStatus::cannotStart;
+    if (!failed) {
+        QCoreApplication::exit(status);
+        return;
+    }
+    std::cerr << "holm: waiting for a change of the widget's files" << std::endl;
+}

@@ -1,0 +1,193 @@
+#include "widgetrun.h"
+
+#include "application.h"
+#include "exitstatus.h"
+#include "unixsignals.h"
+#include "watchdog.h"
+#include "widgetform.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QEvent>
+#include <QtCore/QFileInfo>
+#include <QtScript/QScriptContextInfo>
+#include <QtScriptTools/QScriptEngineDebugger>
+#include <QtWidgets/QAction>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QMainWindow>
+#include <QtWidgets/QWidget>
+
+#include <iostream>
+#include <optional>
+
+WidgetRun::WidgetRun(Application &application, const RunOptions &options)
+    : m_application(application)
+    , m_options(options)
+    , m_timers(application.engine(), application.calls())
+    , m_signals(application.engine(), application.calls())
+{
+    connect(&application.engine(), &ScriptEngine::quitRequested, this, &WidgetRun::end);
+    connect(&application.calls(), &CallQueue::idle, this, &WidgetRun::endIfNothingIsGoingOn);
+}
+
+WidgetRun::~WidgetRun() = default;
+
+QString WidgetRun::loadForm()
+{
+    if (m_options.form.isEmpty())
+        return QString();
+    WidgetForm form = loadWidgetForm(m_options.form);
+    m_window = std::move(form.window);
+    if (!m_window)
+        return form.error;
+    if (m_options.vga)
+        m_window->resize(m_window->size() * 2);
+    m_window->installEventFilter(this);
+    return QString();
+}
+
+int WidgetRun::execute()
+{
+    publishGlobals();
+    m_timers.publish();
+    m_signals.install();
+    if (m_options.debug)
+        attachDebugger();
+
+    UnixSignals signalsOfUnix;
+    connect(&signalsOfUnix, &UnixSignals::received, this,
+            [this](int number) { m_application.engine().stop(ExitStatus::signalBase + number); });
+    std::optional<Watchdog> watchdog;
+    if (m_options.timeout.count() > 0) {
+        watchdog.emplace(m_options.timeout);
+        connect(&*watchdog, &Watchdog::expired, this, [this] {
+            std::cerr << "holm: the time is over" << std::endl;
+            m_application.engine().stop(ExitStatus::timedOut);
+        });
+    }
+
+    QMetaObject::invokeMethod(this, &WidgetRun::start, Qt::QueuedConnection);
+    QApplication::exec();
+
+    m_application.calls().close();
+    if (!m_options.screenshot.isEmpty() && !saveScreenshot() && m_status == ExitStatus::ok)
+        return ExitStatus::cannotStart;
+    return m_status;
+}
+
+bool WidgetRun::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_window.get() && (event->type() == QEvent::Close || event->type() == QEvent::Hide)) {
+        // A script may hide its window and go on; whoever closes it, the run ends.
+        const bool byScript = event->type() == QEvent::Hide && !m_application.calls().isIdle();
+        const auto endIfGone = [this, byScript] {
+            if (!byScript && m_window->isHidden())
+                m_application.engine().stop(ExitStatus::ok);
+        };
+        QMetaObject::invokeMethod(this, endIfGone, Qt::QueuedConnection);
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void WidgetRun::publishGlobals()
+{
+    ScriptEngine &engine = m_application.engine();
+    QScriptValue global = engine.globalObject();
+    global.setProperty(QStringLiteral("print"), engine.newFunction(print));
+    global.setProperty(QStringLiteral("include"), engine.newFunction(include, this));
+    global.setProperty(QStringLiteral("quit"), engine.newFunction(quit, this));
+    global.setProperty(QStringLiteral("args"), engine.toScriptValue(m_options.arguments));
+    publishWindow();
+}
+
+void WidgetRun::publishWindow()
+{
+    ScriptEngine &engine = m_application.engine();
+    const QString name = QStringLiteral("widget");
+    if (!m_window) {
+        engine.globalObject().setProperty(name, engine.newFunction(noWindow, this), QScriptValue::PropertyGetter);
+        return;
+    }
+    const auto wrapped = [&engine](QObject *object) {
+        return engine.newQObject(object, QScriptEngine::QtOwnership,
+                                 QScriptEngine::ExcludeDeleteLater | QScriptEngine::PreferExistingWrapperObject);
+    };
+    QScriptValue window = wrapped(m_window.get());
+    const QObjectList children = m_window->findChildren<QObject *>();
+    for (QObject *child : children) {
+        // Qt names its own parts "qt_..."; a property of the window itself must stay what it is.
+        const QString childName = child->objectName();
+        const bool isTaken = m_window->metaObject()->indexOfProperty(childName.toUtf8().constData()) >= 0;
+        if (!childName.isEmpty() && !childName.startsWith(QLatin1String("qt_")) && !isTaken)
+            window.setProperty(childName, wrapped(child));
+    }
+    engine.globalObject().setProperty(name, window);
+}
+
+void WidgetRun::attachDebugger()
+{
+    m_debugger = std::make_unique<QScriptEngineDebugger>();
+    m_debugger->attachTo(&m_application.engine());
+    m_debugger->standardWindow()->show();
+    m_debugger->action(QScriptEngineDebugger::InterruptAction)->trigger();
+}
+
+void WidgetRun::start()
+{
+    if (m_window)
+        m_window->show();
+    const CallQueue::Scope scope(m_application.calls());
+    m_started = true;
+    if (!m_application.engine().evaluateFile(m_options.script))
+        m_application.engine().stop(ExitStatus::scriptError);
+}
+
+void WidgetRun::endIfNothingIsGoingOn()
+{
+    if (m_started && !m_window && m_timers.isEmpty() && !m_application.hasSubscriptions())
+        m_application.engine().stop(ExitStatus::ok);
+}
+
+void WidgetRun::end(int status)
+{
+    m_status = status;
+    QApplication::exit();
+}
+
+bool WidgetRun::saveScreenshot() const
+{
+    if (m_window && m_window->grab().save(m_options.screenshot))
+        return true;
+    std::cerr << "holm: " << m_options.screenshot.toStdString()
+              << (m_window ? ": the picture cannot be saved" : ": no picture, the widget has no window")
+              << std::endl;
+    return false;
+}
+
+QScriptValue WidgetRun::print(QScriptContext *context, QScriptEngine *)
+{
+    QStringList words;
+    for (int i = 0; i < context->argumentCount(); ++i)
+        words.append(context->argument(i).toString());
+    std::cout << words.join(QLatin1Char(' ')).toStdString() << std::endl;
+    return QScriptValue();
+}
+
+QScriptValue WidgetRun::include(QScriptContext *context, QScriptEngine *, void *run)
+{
+    const QString includer = QScriptContextInfo(context->parentContext()).fileName();
+    const QString file = QDir::cleanPath(QFileInfo(includer).dir().filePath(context->argument(0).toString()));
+    return static_cast<WidgetRun *>(run)->m_application.engine().include(context, file);
+}
+
+QScriptValue WidgetRun::quit(QScriptContext *context, QScriptEngine *, void *run)
+{
+    ScriptEngine &engine = static_cast<WidgetRun *>(run)->m_application.engine();
+    engine.stop(context->argument(0).toInt32());
+    return engine.unwindIfQuitting(context);
+}
+
+QScriptValue WidgetRun::noWindow(QScriptContext *context, QScriptEngine *, void *run)
+{
+    const QString script = static_cast<WidgetRun *>(run)->m_options.script;
+    return context->throwError(QLatin1String("This widget has no face: there is no widget.ui beside ") + script);
+}

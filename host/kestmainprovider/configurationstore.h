@@ -1,0 +1,58 @@
+#pragma once
+
+#include "kestmainprovider_global.h"
+
+#include <QtCore/QFileSystemWatcher>
+#include <QtCore/QHash>
+#include <QtCore/QObject>
+#include <QtCore/QTimer>
+#include <QtCore/QVariant>
+
+#include <memory>
+
+class QSettings;
+
+/// Values by section and key, kept in one INI file that people can read and edit.
+///
+/// A write is on disk when the call returns: the file is replaced as a whole, so that a crash at
+/// any moment leaves the old or the new one. Several processes may use one file. Texts stand in it
+/// as they are, other types with a mark in front: "number:2.5", "int:3", "bool:true"; a value
+/// that somebody writes there without a mark is a text.
+class KESTMAINPROVIDER_EXPORT ConfigurationStore : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Opens @p file, which need not exist; its folder must.
+    explicit ConfigurationStore(const QString &file, QObject *parent = nullptr);
+    ~ConfigurationStore() override;
+
+    /// The stored value (QString, double, int or bool), or @p defaultValue.
+    QVariant value(const QString &section, const QString &key, const QVariant &defaultValue) const;
+
+    /// Returns false, and warns on standard error, if the file could not be written.
+    bool setValue(const QString &section, const QString &key, const QVariant &value);
+
+    /// Removes one value, or with an empty @p key the whole section. Returns as setValue() does.
+    bool remove(const QString &section, const QString &key);
+
+signals:
+    /// From the event loop, once for any number of changes, by whatever process they were made.
+    void changed();
+
+private:
+    using Values = QHash<QString, QVariant>;
+
+    void open();
+    bool save();
+    void watchFile();
+    void reload();
+    Values readAll() const;
+    void keepDamagedFile() const;
+
+    const QString m_file;
+    std::unique_ptr<QSettings> m_settings;
+    Values m_known;
+    QFileSystemWatcher m_watcher;
+    QTimer m_reload;
+};

@@ -1,0 +1,3 @@
+#include "iprovider.h"
+
+IProvider::~IProvider() = default;

@@ -1,0 +1,18 @@
+#include "files/paths.h"
+
+#include "orvanecore/iapplication.h"
+#include "platform/platform.h"
+#include "platform/shell.h"
+#include "provider/kestcommandprovider.h"
+
+bool isAbsolutePath(const QString &path)
+{
+    return path.startsWith(QLatin1Char('\\')) || path.startsWith(QLatin1Char('/'));
+}
+
+QString resolvedPath(const QString &path)
+{
+    if (!isAbsolutePath(path))
+        return KestCommandProvider::instance()->application()->applicationPath() + path;
+    return QString::fromStdU16String(platform::current().shell().localPath(path.toStdU16String()));
+}

@@ -1,0 +1,121 @@
+#include "platform/desktop/devicefolder.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QFileInfo>
+#include <QtCore/QSaveFile>
+#include <QtCore/QStandardPaths>
+#include <QtCore/QStringList>
+
+#include <algorithm>
+#include <iterator>
+
+namespace platform {
+
+namespace {
+
+const QLatin1String deviceFolders[] = {QLatin1String("Programs"), QLatin1String("Program Files"),
+                                       QLatin1String("Windows"), QLatin1String("My Documents")};
+
+struct SampleFile
+{
+    const char *path;
+    const char *content;
+    bool executable = false;
+};
+
+const SampleFile sampleFiles[] = {
+    {"My Documents/Welcome.txt",
+     "This folder is your simulated handheld. Put files into it, change them, delete them:\n"
+     "widgets see them under \\My Documents.\n"},
+    {"My Documents/Shopping.txt", "Bread\nCheese\nApples\n"},
+    {"Program Files/Hello/hello.exe", "#!/bin/sh\necho \"Hello from the handheld: $*\"\n", true},
+    {"Programs/Hello.lnk", "48#\"\\Program Files\\Hello\\hello.exe\" from a shortcut\r\n"},
+};
+
+bool writeSample(const QString &folder, const SampleFile &sample)
+{
+    const QString path = folder + QLatin1Char('/') + QLatin1String(sample.path);
+    QSaveFile file(path);
+    if (!QDir().mkpath(QFileInfo(path).path()) || !file.open(QIODevice::WriteOnly)
+        || file.write(sample.content) < 0 || !file.commit())
+        return false;
+    return !sample.executable
+        || QFile::setPermissions(path, QFile::permissions(path) | QFile::ExeOwner | QFile::ExeUser);
+}
+
+QString withoutLetterCase(const QDir &folder, const QString &name)
+{
+    if (QFileInfo::exists(folder.filePath(name)))
+        return name;
+    const QStringList entries = folder.entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    for (const QString &entry : entries) {
+        if (entry.compare(name, Qt::CaseInsensitive) == 0)
+            return entry;
+    }
+    return name;
+}
+
+} // namespace
+
+const char *const DeviceFolder::environmentVariable = "HOLM_DEVICE";
+
+DeviceFolder DeviceFolder::current()
+{
+    const QString named = qEnvironmentVariable(environmentVariable);
+    return DeviceFolder(!named.isEmpty()
+                            ? named
+                            : QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)
+                                + QLatin1String("/holm/device"));
+}
+
+DeviceFolder::DeviceFolder(const QString &path)
+    : m_path(QDir::cleanPath(QDir(path).absolutePath()))
+{
+}
+
+QString DeviceFolder::path() const
+{
+    return m_path;
+}
+
+QString DeviceFolder::create() const
+{
+    const bool isNew = !QFileInfo::exists(m_path) || QDir(m_path).isEmpty();
+    if (!QDir().mkpath(m_path))
+        return m_path + QLatin1String(": the device folder cannot be made");
+    if (!QFileInfo(m_path).isWritable())
+        return m_path + QLatin1String(": the device folder cannot be written to");
+    for (const QLatin1String folder : deviceFolders) {
+        if (!QDir(m_path).mkpath(folder))
+            return m_path + QLatin1Char('/') + folder + QLatin1String(": the folder cannot be made");
+    }
+    if (!isNew)
+        return QString();
+    for (const SampleFile &sample : sampleFiles) {
+        if (!writeSample(m_path, sample))
+            return m_path + QLatin1Char('/') + QLatin1String(sample.path)
+                + QLatin1String(": the sample file cannot be written");
+    }
+    return QString();
+}
+
+QString DeviceFolder::localPath(const QString &devicePath) const
+{
+    QString path = devicePath;
+    path.replace(QLatin1Char('\\'), QLatin1Char('/'));
+    if (!path.startsWith(QLatin1Char('/')))
+        return path;
+    QStringList parts = path.split(QLatin1Char('/'), Qt::SkipEmptyParts);
+    const auto isFirst = [&parts](QLatin1String folder) {
+        return !parts.isEmpty() && parts.first().compare(folder, Qt::CaseInsensitive) == 0;
+    };
+    if (std::none_of(std::begin(deviceFolders), std::end(deviceFolders), isFirst))
+        return path;
+
+    QString found = m_path;
+    for (const QString &part : qAsConst(parts))
+        found += QLatin1Char('/') + withoutLetterCase(QDir(found), part);
+    return path.endsWith(QLatin1Char('/')) ? found + QLatin1Char('/') : found;
+}
+
+} // namespace platform
