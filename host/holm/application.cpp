@@ -47,7 +47,8 @@ bool Application::hasSubscriptions() const
     return !m_bindings.isEmpty();
 }
 
-void Application::registerFunction(IProvider *provider, const QString &name, bool, bool returnsValue, int index)
+void Application::registerFunction(IProvider *provider, const QString &name, bool, bool returnsValue,
+                                   int index)
 {
     m_functions.push_back(
         std::make_unique<PublishedFunction>(PublishedFunction{this, provider, index, returnsValue}));
@@ -152,7 +153,8 @@ void Application::deliverEvent(const QString &event, const QScriptValueList &arg
     }
 }
 
-void Application::subscribeEvent(const QScriptValue &object, const QScriptValue &function, const QString &event)
+void Application::subscribeEvent(const QScriptValue &object, const QScriptValue &function,
+                                 const QString &event)
 {
     m_bindings.add(object, function, event);
 }

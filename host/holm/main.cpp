@@ -79,7 +79,8 @@ int main(int argc, char **argv)
         return ExitStatus::ok;
     }
     std::cerr << "holm: "
-              << (command.isEmpty() ? "no command given" : "there is no command \"" + command.toStdString() + '"')
+              << (command.isEmpty() ? "no command given"
+                                    : "there is no command \"" + command.toStdString() + '"')
               << "; see holm --help" << std::endl;
     return ExitStatus::cannotStart;
 }

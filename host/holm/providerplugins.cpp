@@ -21,7 +21,8 @@ ProviderPlugins::~ProviderPlugins()
 QStringList ProviderPlugins::in(const QString &folder)
 {
     QStringList files;
-    const QFileInfoList entries = QDir(folder).entryInfoList({QStringLiteral("*.so")}, QDir::Files, QDir::Name);
+    const QFileInfoList entries =
+        QDir(folder).entryInfoList({QStringLiteral("*.so")}, QDir::Files, QDir::Name);
     for (const QFileInfo &entry : entries)
         files.append(entry.absoluteFilePath());
     return files;
@@ -37,13 +38,15 @@ QString ProviderPlugins::load(const QStringList &files)
         if (interface.isEmpty())
             return file + QLatin1String(": not a plug-in: ") + loader.errorString();
         if (interface != QLatin1String(IProvider_iid))
-            return file + QLatin1String(": a plug-in of another interface, ") + interface
-                + QLatin1String(", where " IProvider_iid " is wanted");
+            return file + QLatin1String(": a plug-in of another interface, ")
+                + interface + QLatin1String(", where " IProvider_iid " is wanted");
         QObject *instance = loader.instance();
         if (!qobject_cast<IProvider *>(instance))
             return file + QLatin1String(": cannot be loaded: ") + loader.errorString();
         // A file that is named twice has one instance, and that is ours already.
-        const auto isSame = [instance](const std::unique_ptr<QObject> &plugin) { return plugin.get() == instance; };
+        const auto isSame = [instance](const std::unique_ptr<QObject> &plugin) {
+            return plugin.get() == instance;
+        };
         if (std::none_of(m_plugins.cbegin(), m_plugins.cend(), isSame))
             m_plugins.emplace_back(instance);
     }

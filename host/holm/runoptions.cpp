@@ -55,10 +55,24 @@ QString readTimeout(const QString &text, std::chrono::milliseconds &timeout)
     return QString();
 }
 
-QString checkLocale(const QString &name)
+bool isLocale(const QString &name)
 {
-    const bool isKnown = name == QLatin1String("C") || QLocale(name).language() != QLocale::C;
-    return isKnown ? QString() : QLatin1String("--locale: there is no locale \"") + name + QLatin1Char('"');
+    return name.isEmpty() || name == QLatin1String("C") || QLocale(name).language() != QLocale::C;
+}
+
+QString problemWith(const RunOptions &options)
+{
+    if (!isLocale(options.locale))
+        return QLatin1String("--locale: there is no locale \"") + options.locale + QLatin1Char('"');
+    if (options.debug && options.unattended)
+        return QStringLiteral("--debug needs somebody to look at it, so it does not go with --unattended");
+    if (!QFileInfo(options.applicationDirectory).isDir())
+        return options.applicationDirectory + QLatin1String(": there is no such application directory");
+    if (options.plugins.isEmpty())
+        return besideProgram(HOLM_PROVIDERS_FROM_BIN) + QLatin1String(": there is no provider plug-in in it");
+    if (options.arguments.isEmpty())
+        return QStringLiteral("no widget given; see holm run --help");
+    return QString();
 }
 
 } // namespace
@@ -79,7 +93,8 @@ RunOptions RunOptions::parse(const QStringList &commandLine)
 
     QCommandLineParser parser;
     parser.setOptionsAfterPositionalArgumentsMode(QCommandLineParser::ParseAsPositionalArguments);
-    parser.addOptions({device, app, plugin, locale, vga, unattended, timeout, screenshot, debug, watch, help});
+    parser.addOptions(
+        {device, app, plugin, locale, vga, unattended, timeout, screenshot, debug, watch, help});
 
     RunOptions options;
     if (!parser.parse(QStringList(QStringLiteral("holm run")) + commandLine)) {
@@ -91,8 +106,8 @@ RunOptions RunOptions::parse(const QStringList &commandLine)
         return options;
 
     options.device = parser.value(device);
-    options.applicationDirectory
-        = parser.isSet(app) ? parser.value(app) : besideProgram(HOLM_APPLICATION_FROM_BIN);
+    options.applicationDirectory =
+        parser.isSet(app) ? parser.value(app) : besideProgram(HOLM_APPLICATION_FROM_BIN);
     options.plugins = parser.isSet(plugin) ? parser.values(plugin)
                                            : ProviderPlugins::in(besideProgram(HOLM_PROVIDERS_FROM_BIN));
     options.locale = parser.value(locale);
@@ -107,16 +122,8 @@ RunOptions RunOptions::parse(const QStringList &commandLine)
         options.timeout = unattendedTimeout;
     if (parser.isSet(timeout))
         options.error = readTimeout(parser.value(timeout), options.timeout);
-    if (options.error.isEmpty() && parser.isSet(locale))
-        options.error = checkLocale(options.locale);
-    if (options.error.isEmpty() && options.debug && options.unattended)
-        options.error = QStringLiteral("--debug needs somebody to look at it, so it does not go with --unattended");
-    if (options.error.isEmpty() && !QFileInfo(options.applicationDirectory).isDir())
-        options.error = options.applicationDirectory + QLatin1String(": there is no such application directory");
-    if (options.error.isEmpty() && options.plugins.isEmpty())
-        options.error = besideProgram(HOLM_PROVIDERS_FROM_BIN) + QLatin1String(": there is no provider plug-in in it");
-    if (options.error.isEmpty() && options.arguments.isEmpty())
-        options.error = QStringLiteral("no widget given; see holm run --help");
+    if (options.error.isEmpty())
+        options.error = problemWith(options);
     if (options.error.isEmpty())
         options.error = findWidget(options.arguments.takeFirst(), options);
     return options;

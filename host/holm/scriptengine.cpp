@@ -135,7 +135,7 @@ void ScriptEngine::reportException()
         if (!frame.endsWith(QLatin1String(" at -1")))
             frames.append(frame.size() <= longestFrame ? frame
                                                        : frame.left(longestFrame) + QLatin1String("... at ")
-                                                           + frame.section(QLatin1String(" at "), -1));
+                                  + frame.section(QLatin1String(" at "), -1));
     }
 
     const QScriptValue exception = uncaughtException();

@@ -27,7 +27,7 @@ bool ScriptTimers::isEmpty() const
     return m_timers.empty();
 }
 
-template<bool repeats>
+template <bool repeats>
 QScriptValue ScriptTimers::set(QScriptContext *context, QScriptEngine *, void *timers)
 {
     return static_cast<ScriptTimers *>(timers)->start(context, repeats);

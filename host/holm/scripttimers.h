@@ -33,7 +33,7 @@ private:
         bool isWaiting = false;
     };
 
-    template<bool repeats>
+    template <bool repeats>
     static QScriptValue set(QScriptContext *context, QScriptEngine *engine, void *timers);
     static QScriptValue clear(QScriptContext *context, QScriptEngine *engine, void *timers);
 

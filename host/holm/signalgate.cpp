@@ -7,8 +7,8 @@
 
 namespace {
 const QString gatedFunction = QStringLiteral("__holm_gated");
-const QScriptValue::PropertyFlags hidden
-    = QScriptValue::ReadOnly | QScriptValue::Undeletable | QScriptValue::SkipInEnumeration;
+const QScriptValue::PropertyFlags hidden =
+    QScriptValue::ReadOnly | QScriptValue::Undeletable | QScriptValue::SkipInEnumeration;
 } // namespace
 
 SignalGate::SignalGate(ScriptEngine &engine, CallQueue &calls)
@@ -20,8 +20,8 @@ SignalGate::SignalGate(ScriptEngine &engine, CallQueue &calls)
 void SignalGate::install()
 {
     // Signals, like all native functions, inherit both from here.
-    QScriptValue prototype
-        = m_engine.globalObject().property(QStringLiteral("Function")).property(QStringLiteral("prototype"));
+    QScriptValue prototype =
+        m_engine.globalObject().property(QStringLiteral("Function")).property(QStringLiteral("prototype"));
     for (const QString &name : {QStringLiteral("connect"), QStringLiteral("disconnect")}) {
         QScriptValue replacement = m_engine.newFunction(connectOrDisconnect, this);
         replacement.setData(prototype.property(name));

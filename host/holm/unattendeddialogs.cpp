@@ -37,7 +37,8 @@ bool UnattendedDialogs::eventFilter(QObject *watched, QEvent *event)
 void UnattendedDialogs::answer(QWidget *dialog) const
 {
     if (const auto *box = qobject_cast<QMessageBox *>(dialog))
-        std::cerr << '[' << box->windowTitle().toStdString() << "] " << box->text().toStdString() << std::endl;
+        std::cerr << '[' << box->windowTitle().toStdString() << "] " << box->text().toStdString()
+                  << std::endl;
     else
         std::cerr << "[cancelled] " << titleOf(dialog).toStdString() << ", opened by "
                   << m_engine.position().toStdString() << std::endl;

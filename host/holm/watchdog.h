@@ -10,8 +10,8 @@
 
 /// Ends a run that takes too long.
 ///
-/// When the time is over, expired() is emitted on the GUI thread. If that thread is stuck in a script and does
-/// not come to it, the process ends a moment later with ExitStatus::timedOut.
+/// When the time is over, expired() is emitted on the GUI thread. If that thread is stuck in a script and
+/// does not come to it, the process ends a moment later with ExitStatus::timedOut.
 class Watchdog : public QObject
 {
     Q_OBJECT

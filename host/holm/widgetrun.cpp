@@ -104,12 +104,14 @@ void WidgetRun::publishWindow()
     ScriptEngine &engine = m_application.engine();
     const QString name = QStringLiteral("widget");
     if (!m_window) {
-        engine.globalObject().setProperty(name, engine.newFunction(noWindow, this), QScriptValue::PropertyGetter);
+        engine.globalObject().setProperty(name, engine.newFunction(noWindow, this),
+                                          QScriptValue::PropertyGetter);
         return;
     }
     const auto wrapped = [&engine](QObject *object) {
         return engine.newQObject(object, QScriptEngine::QtOwnership,
-                                 QScriptEngine::ExcludeDeleteLater | QScriptEngine::PreferExistingWrapperObject);
+                                 QScriptEngine::ExcludeDeleteLater
+                                     | QScriptEngine::PreferExistingWrapperObject);
     };
     QScriptValue window = wrapped(m_window.get());
     const QObjectList children = m_window->findChildren<QObject *>();
@@ -189,5 +191,6 @@ QScriptValue WidgetRun::quit(QScriptContext *context, QScriptEngine *, void *run
 QScriptValue WidgetRun::noWindow(QScriptContext *context, QScriptEngine *, void *run)
 {
     const QString script = static_cast<WidgetRun *>(run)->m_options.script;
-    return context->throwError(QLatin1String("This widget has no face: there is no widget.ui beside ") + script);
+    return context->throwError(QLatin1String("This widget has no face: there is no widget.ui beside ")
+                               + script);
 }

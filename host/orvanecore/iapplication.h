@@ -23,15 +23,13 @@ public:
     /// A name published before is replaced. @p interactive marks functions that use the screen or
     /// answer later.
     virtual void registerFunction(IProvider *provider, const QString &name, bool interactive,
-                                  bool returnsValue, int index)
-        = 0;
+                                  bool returnsValue, int index) = 0;
 
     /// Calls a script function. A call that arrives from an event loop nested inside another
     /// script call waits until that one has returned, and the answer is then an invalid value.
     /// An exception in the function is reported by the host and ends there.
     virtual QScriptValue callFunction(const QScriptValue &thisObject, const QScriptValue &function,
-                                      const QScriptValueList &arguments, bool reportErrors)
-        = 0;
+                                      const QScriptValueList &arguments, bool reportErrors) = 0;
 
     /// Publishes @p picture to scripts and KestImage; returns the name it is known by.
     virtual QString addImageResource(const QString &name, const QPixmap &picture) = 0;
@@ -66,8 +64,7 @@ public:
 
     /// Binds @p function to @p event with @p object as its this-object.
     virtual void subscribeEvent(const QScriptValue &object, const QScriptValue &function,
-                                const QString &event)
-        = 0;
+                                const QString &event) = 0;
 
     /// Removes the binding of @p object to @p event that was made last, if there is one.
     virtual void unsubscribeEvent(const QScriptValue &object, const QString &event) = 0;

@@ -98,8 +98,8 @@ void KestCommandProvider::deleteDir(FunctionArguments *arguments)
     if (!isBelowAsText(absolute, base) || !standsInside(absolute, base))
         return reportRefusal();
 
-    const bool recursive = arguments->argumentCount() == 2 && arguments->argument(1).isBool()
-        && arguments->argument(1).toBool();
+    const bool recursive =
+        arguments->argumentCount() == 2 && arguments->argument(1).isBool() && arguments->argument(1).toBool();
     if (QFileInfo(absolute).isSymLink())
         QFile::remove(absolute);
     else if (recursive)

@@ -20,8 +20,9 @@ QStringList absolutePaths(const QDir &dir, const QStringList &names)
 
 void KestCommandProvider::getFiles(FunctionArguments *arguments)
 {
-    if (!checkArguments("getFiles", *arguments,
-                        {4, 4, {ArgumentType::String, ArgumentType::String, ArgumentType::Any, ArgumentType::Function}}))
+    if (!checkArguments(
+            "getFiles", *arguments,
+            {4, 4, {ArgumentType::String, ArgumentType::String, ArgumentType::Any, ArgumentType::Function}}))
         return;
 
     const QString path = arguments->argument(0).toString();

@@ -14,10 +14,10 @@ struct TypeTest
 };
 
 constexpr TypeTest typeTests[] = {
-    {ArgumentType::String, &QScriptValue::isString},     {ArgumentType::Number, &QScriptValue::isNumber},
-    {ArgumentType::Bool, &QScriptValue::isBool},         {ArgumentType::Object, &QScriptValue::isObject},
-    {ArgumentType::QObject, &QScriptValue::isQObject},   {ArgumentType::Function, &QScriptValue::isFunction},
-    {ArgumentType::Array, &QScriptValue::isArray},       {ArgumentType::Null, &QScriptValue::isNull},
+    {ArgumentType::String, &QScriptValue::isString},   {ArgumentType::Number, &QScriptValue::isNumber},
+    {ArgumentType::Bool, &QScriptValue::isBool},       {ArgumentType::Object, &QScriptValue::isObject},
+    {ArgumentType::QObject, &QScriptValue::isQObject}, {ArgumentType::Function, &QScriptValue::isFunction},
+    {ArgumentType::Array, &QScriptValue::isArray},     {ArgumentType::Null, &QScriptValue::isNull},
 };
 
 bool isOneOf(const QScriptValue &value, ArgumentTypes types)

@@ -51,7 +51,8 @@ void KestCommandProvider::setConfig(FunctionArguments *arguments)
         return;
     const QString section = arguments->argument(0).toString();
     for (int i = 1; i < count; i += 2)
-        store->setConfig(section, arguments->argument(i).toString(), toStoredValue(arguments->argument(i + 1)));
+        store->setConfig(section, arguments->argument(i).toString(),
+                         toStoredValue(arguments->argument(i + 1)));
 }
 
 void KestCommandProvider::getConfig(FunctionArguments *arguments)
@@ -65,8 +66,8 @@ void KestCommandProvider::getConfig(FunctionArguments *arguments)
     QScriptValue values = m_application->newArray(0);
     for (int i = 3; i < arguments->argumentCount(); ++i) {
         const QScriptValue key = arguments->argument(i);
-        const QVariant stored
-            = store && key.isString() ? store->getConfig(section, key.toString(), QVariant()) : QVariant();
+        const QVariant stored =
+            store && key.isString() ? store->getConfig(section, key.toString(), QVariant()) : QVariant();
         values.setProperty(static_cast<quint32>(i - 3),
                            stored.isValid() ? toScriptValue(stored) : m_application->nullValue());
     }
@@ -82,7 +83,8 @@ void KestCommandProvider::deleteConfig(FunctionArguments *arguments)
     if (!store)
         return;
     const bool hasKey = arguments->argumentCount() == 2;
-    store->deleteConfig(arguments->argument(0).toString(), hasKey ? arguments->argument(1).toString() : QString());
+    store->deleteConfig(arguments->argument(0).toString(),
+                        hasKey ? arguments->argument(1).toString() : QString());
 }
 
 void KestCommandProvider::configChanged()
@@ -90,8 +92,8 @@ void KestCommandProvider::configChanged()
     const QSettings settings;
     ProgramsMenu::useCache = settings.value(QStringLiteral("main/useProgramsCache"), true).toBool();
     if (ProgramsMenu::useCache) {
-        const auto programs
-            = platform::current().shell().specialFolder(platform::SpecialFolder::Programs, false);
+        const auto programs =
+            platform::current().shell().specialFolder(platform::SpecialFolder::Programs, false);
         ProgramsMenu::buildCaches(QString::fromStdU16String(programs.value_or(std::u16string())));
     } else {
         ProgramsMenu::purgeCaches(QString());

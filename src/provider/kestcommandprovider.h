@@ -127,7 +127,8 @@ private:
     void initialize_functions();
 
     /// Calls a script function with results, its this-object being what the script gave.
-    void answer(const QScriptValue &thisObject, const QScriptValue &callback, const QScriptValueList &results);
+    void answer(const QScriptValue &thisObject, const QScriptValue &callback,
+                const QScriptValueList &results);
     QScriptValue toArray(const QStringList &texts);
 
     KestMainProvider *configuration() const;

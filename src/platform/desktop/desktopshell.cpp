@@ -40,10 +40,10 @@ DesktopShell::DesktopShell(const DeviceFolder &device)
 bool DesktopShell::execute(const ShellExecution &execution)
 {
     const QString file = QString::fromStdU16String(execution.file);
-    const QString directory
-        = execution.directory ? m_device.localPath(QString::fromStdU16String(*execution.directory)) : QString();
-    const QString parameters
-        = execution.parameters ? QString::fromStdU16String(*execution.parameters) : QString();
+    const QString directory =
+        execution.directory ? m_device.localPath(QString::fromStdU16String(*execution.directory)) : QString();
+    const QString parameters =
+        execution.parameters ? QString::fromStdU16String(*execution.parameters) : QString();
     return start(file, parameters, directory, mostLinks);
 }
 
