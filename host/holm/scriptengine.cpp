@@ -120,7 +120,7 @@ QString ScriptEngine::position() const
 {
     for (const QScriptContext *context = currentContext(); context; context = context->parentContext()) {
         const QScriptContextInfo info(context);
-        if (info.functionType() != QScriptContextInfo::NativeFunction && info.lineNumber() > 0)
+        if (!info.fileName().isEmpty())
             return place(info.fileName(), info.lineNumber());
     }
     return QString();

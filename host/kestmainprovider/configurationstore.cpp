@@ -1,11 +1,12 @@
 #include "configurationstore.h"
 
+#include "configurationfile.h"
+
 #include <QtCore/QDebug>
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 #include <QtCore/QLocale>
 #include <QtCore/QSettings>
-#include <QtCore/QStringList>
 
 #include <array>
 
@@ -46,12 +47,8 @@ QString encoded(const QVariant &value)
     return value.toString();
 }
 
-QVariant decoded(const QVariant &stored)
+QVariant decoded(const QString &text)
 {
-    // An unquoted comma makes a list of what was meant as a text.
-    const QString text = stored.type() == QVariant::StringList
-        ? stored.toStringList().join(QLatin1String(", "))
-        : stored.toString();
     const TypeMark *mark = markOf(text);
     if (!mark)
         return text;
@@ -60,21 +57,20 @@ QVariant decoded(const QVariant &stored)
     return isText || value.convert(mark->type) ? value : QVariant(text);
 }
 
-// QSettings joins and splits paths at slashes and takes no empty names; ours may hold any text.
-QString escaped(const QString &name)
+// QSettings does the locking, the merging with what other processes wrote, and the replacing.
+QSettings::Format format()
 {
-    if (name.isEmpty())
-        return QStringLiteral("%");
-    QString result = name;
-    result.replace(QLatin1Char('%'), QLatin1String("%25"));
-    result.replace(QLatin1Char('/'), QLatin1String("%2F"));
-    result.replace(QLatin1Char('\\'), QLatin1String("%5C"));
-    return result;
-}
-
-QString settingsPath(const QString &section, const QString &key)
-{
-    return escaped(section) + QLatin1Char('/') + escaped(key);
+    const auto read = [](QIODevice &device, QSettings::SettingsMap &values) {
+        values = ConfigurationFile::parse(device.readAll()).values;
+        return true;
+    };
+    const auto write = [](QIODevice &device, const QSettings::SettingsMap &values) {
+        const QByteArray bytes = ConfigurationFile::toBytes(values);
+        return device.write(bytes) == bytes.size();
+    };
+    static const QSettings::Format registered =
+        QSettings::registerFormat(QStringLiteral("ini"), read, write, Qt::CaseSensitive);
+    return registered;
 }
 
 } // namespace
@@ -83,7 +79,7 @@ ConfigurationStore::ConfigurationStore(const QString &file, QObject *parent)
     : QObject(parent)
     , m_file(QFileInfo(file).absoluteFilePath())
 {
-    open();
+    m_settings = std::make_unique<QSettings>(m_file, format());
     m_known = readAll();
     keepDamagedFile();
 
@@ -101,36 +97,31 @@ ConfigurationStore::~ConfigurationStore() = default;
 QVariant ConfigurationStore::value(const QString &section, const QString &key,
                                    const QVariant &defaultValue) const
 {
-    const QVariant stored = m_settings->value(settingsPath(section, key));
-    return stored.isValid() ? decoded(stored) : defaultValue;
+    const QVariant stored = m_settings->value(ConfigurationFile::path(section, key));
+    return stored.isValid() ? decoded(stored.toString()) : defaultValue;
 }
 
 bool ConfigurationStore::setValue(const QString &section, const QString &key, const QVariant &value)
 {
-    m_settings->setValue(settingsPath(section, key), encoded(value));
+    m_settings->setValue(ConfigurationFile::path(section, key), encoded(value));
     return save();
 }
 
 bool ConfigurationStore::remove(const QString &section, const QString &key)
 {
-    m_settings->remove(key.isEmpty() ? escaped(section) : settingsPath(section, key));
+    m_settings->remove(key.isEmpty() ? ConfigurationFile::path(section) : ConfigurationFile::path(section, key));
     return save();
-}
-
-void ConfigurationStore::open()
-{
-    m_settings = std::make_unique<QSettings>(m_file, QSettings::IniFormat);
-    m_settings->setIniCodec("UTF-8");
-    m_settings->setAtomicSyncRequired(true);
 }
 
 bool ConfigurationStore::save()
 {
     m_settings->sync();
     m_reload.start();
-    if (m_settings->status() != QSettings::AccessError)
+    if (m_settings->status() == QSettings::NoError)
         return true;
     qWarning("%s: cannot be written", qUtf8Printable(m_file));
+    // The status of a QSettings never goes back to "no error".
+    m_settings = std::make_unique<QSettings>(m_file, format());
     return false;
 }
 
@@ -145,7 +136,6 @@ void ConfigurationStore::reload()
 {
     watchFile();
     m_settings->sync();
-    open(); // a fresh one: the status of the old one never goes back to "no error"
     const Values values = readAll();
     if (values == m_known)
         return;
@@ -165,12 +155,13 @@ ConfigurationStore::Values ConfigurationStore::readAll() const
 
 void ConfigurationStore::keepDamagedFile() const
 {
-    if (m_settings->status() != QSettings::FormatError)
+    QFile file(m_file);
+    if (!file.open(QIODevice::ReadOnly) || !ConfigurationFile::parse(file.readAll()).isDamaged)
         return;
     // The next write leaves out what could not be read.
     const QString copy = m_file + QLatin1String(".damaged");
     QFile::remove(copy);
-    QFile::copy(m_file, copy);
+    file.copy(copy);
     qWarning("%s: some lines make no sense and are left out; the file is kept as %s", qUtf8Printable(m_file),
              qUtf8Printable(copy));
 }

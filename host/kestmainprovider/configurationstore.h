@@ -12,7 +12,7 @@
 
 class QSettings;
 
-/// Values by section and key, kept in one INI file that people can read and edit.
+/// Values by section and key, kept in one file that people can read and edit (see ConfigurationFile).
 ///
 /// A write is on disk when the call returns: the file is replaced as a whole, so that a crash at
 /// any moment leaves the old or the new one. Several processes may use one file. Texts stand in it
@@ -43,7 +43,6 @@ signals:
 private:
     using Values = QHash<QString, QVariant>;
 
-    void open();
     bool save();
     void watchFile();
     void reload();

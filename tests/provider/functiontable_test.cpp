@@ -1,0 +1,146 @@
+#include "support/providertest.h"
+
+#include <QtCore/QFile>
+#include <QtCore/QRegularExpression>
+#include <QtCore/QTranslator>
+
+namespace {
+
+QString readSource(const char *path)
+{
+    QFile file(QStringLiteral(SOURCE_DIR "/") + QLatin1String(path));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path;
+    return QString::fromUtf8(file.readAll());
+}
+
+QStringList allMatches(const QString &pattern, const QString &text)
+{
+    QStringList matches;
+    auto match = QRegularExpression(pattern, QRegularExpression::MultilineOption).globalMatch(text);
+    while (match.hasNext())
+        matches.append(match.next().captured(1));
+    matches.sort();
+    return matches;
+}
+
+QStringList warnings;
+
+void keepWarning(QtMsgType, const QMessageLogContext &, const QString &message)
+{
+    warnings.append(message);
+}
+
+class GermanTexts : public QTranslator
+{
+public:
+    bool isEmpty() const override { return false; }
+    QString translate(const char *context, const char *source, const char *, int) const override
+    {
+        return QLatin1String(context) == QLatin1String("KestCommandProvider")
+            ? QLatin1String("de:") + QLatin1String(source)
+            : QString();
+    }
+};
+
+} // namespace
+
+TEST_F(ProviderTest, PublishesFortyFunctionsInTheirPlaces)
+{
+    const QStringList &registered = m_application.registered;
+    ASSERT_EQ(registered.size(), 40);
+    EXPECT_EQ(registered.at(0), QStringLiteral("0 getFiles 0 0"));
+    EXPECT_EQ(registered.at(20), QStringLiteral("20 regEventSuscribe 1 0"));
+    EXPECT_EQ(registered.at(39), QStringLiteral("39 clearRunningProcessesResources 1 0"));
+
+    QList<int> interactive;
+    for (int i = 0; i < registered.size(); ++i) {
+        EXPECT_TRUE(registered.at(i).startsWith(QString::number(i) + QLatin1Char(' '))) << i;
+        if (registered.at(i).endsWith(QLatin1String(" 1 0")))
+            interactive.append(i);
+    }
+    EXPECT_EQ(interactive,
+              QList<int>({8, 9, 10, 11, 18, 19, 20, 21, 22, 24, 25, 28, 29, 30, 33, 34, 37, 39}));
+    EXPECT_EQ(run(QStringLiteral("typeof clearProgramsFolderCache")), QStringLiteral("\"undefined\""));
+}
+
+TEST_F(ProviderTest, DocumentsAndTypesNameThePublishedFunctions)
+{
+    QStringList published;
+    for (const QString &entry : qAsConst(m_application.registered))
+        published.append(entry.section(QLatin1Char(' '), 1, 1));
+    published.sort();
+
+    const QString documents = readSource("docs/functions.md");
+    EXPECT_EQ(allMatches(QStringLiteral("^### (\\w+)$"), documents), published);
+
+    QStringList declared =
+        allMatches(QStringLiteral("^declare function (\\w+)"), readSource("docs/kestcmd.d.ts"));
+    declared.removeDuplicates(); // overloads
+    for (const char *own :
+         {"print", "setTimeout", "setInterval", "clearTimeout", "clearInterval", "include", "quit"})
+        EXPECT_TRUE(declared.removeOne(QLatin1String(own))) << own;
+    EXPECT_EQ(declared, published);
+
+    // A function that only warns has to be in the list of those, and the list names no other.
+    const auto previousHandler = qInstallMessageHandler(keepWarning);
+    for (const QString &name : qAsConst(published))
+        run(name + QLatin1String("()"));
+    qInstallMessageHandler(previousHandler);
+    const QString unavailable = warnings.join(QLatin1Char('\n'));
+    EXPECT_EQ(allMatches(QStringLiteral("^- `(\\w+)`"), documents),
+              allMatches(QStringLiteral("^(\\w+): not available in this version$"), unavailable));
+}
+
+TEST_F(ProviderTest, BadArgumentsAreReportedOnceAndDoNothing)
+{
+    makeFile(QStringLiteral("app/keep"));
+    const QList<QPair<const char *, const char *>> calls = {
+        {"getFiles", "'.', '*', cb"},
+        {"getFiles", "'.', '*', this, cb, 1"},
+        {"getFiles", "'.', 5, this, cb"},
+        {"getFiles", "'.', '*', this, {}"},
+        {"getDirs", "'.', this"},
+        {"getDirs", "5, this, cb"},
+        {"launch", ""},
+        {"launch", "5"},
+        {"launch", "'a.exe', 5"},
+        {"launch", "'a.exe', null, 'x'"},
+        {"deleteFile", ""},
+        {"deleteFile", "'keep', 'keep'"},
+        {"deleteFile", "['keep']"},
+        {"deleteDir", "'keep', true, 1"},
+        {"deleteDir", "undefined"},
+        {"setConfig", "'s', 'k'"},
+        {"setConfig", "'s', 'k', 1, 'l'"},
+        {"setConfig", "5, 'k', 1"},
+        {"getConfig", "'s', this, cb"},
+        {"getConfig", "'s', 1, cb, 'k'"},
+        {"getConfig", "'s', this, {}, 'k'"},
+        {"deleteConfig", ""},
+        {"deleteConfig", "'s', 'k', 'x'"},
+        {"deleteConfig", "'s', 5"},
+    };
+    for (const auto &[function, arguments] : calls) {
+        const QString call = QStringLiteral("%1(%2)").arg(QLatin1String(function), QLatin1String(arguments));
+        EXPECT_EQ(run(call + QLatin1String("; results")), QStringLiteral("[]")) << call.toStdString();
+        EXPECT_EQ(takeMessages(),
+                  QStringList(
+                      QStringLiteral("[Error] %1: Invalid function arguments.").arg(QLatin1String(function))))
+            << call.toStdString();
+    }
+    EXPECT_TRUE(m_shell->executions.empty());
+    EXPECT_TRUE(exists(QStringLiteral("app/keep")));
+    EXPECT_EQ(run(QStringLiteral("getConfig('s', this, cb, 'k'); results")), QStringLiteral("[[[null]]]"));
+}
+
+TEST_F(ProviderTest, OnlyTheMessageIsTranslated)
+{
+    GermanTexts german;
+    QCoreApplication::installTranslator(&german);
+    run(QStringLiteral("getFiles(); deleteFile('/etc/passwd')"));
+    QCoreApplication::removeTranslator(&german);
+    EXPECT_EQ(takeMessages(),
+              QStringList(
+                  {QStringLiteral("[Error] getFiles: de:Invalid function arguments."),
+                   QStringLiteral("[de:Error] de:Cannot delete a path outside the application directory.")}));
+}

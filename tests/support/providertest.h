@@ -1,0 +1,77 @@
+#pragma once
+
+#include "holm/application.h"
+#include "kestmainprovider/kestmainprovider.h"
+#include "platform/platform.h"
+#include "platform/shell.h"
+#include "provider/kestcommandprovider.h"
+
+#include <QtCore/QTemporaryDir>
+#include <gmock/gmock.h>
+
+inline void PrintTo(const QString &text, std::ostream *stream)
+{
+    *stream << '"' << text.toStdString() << '"';
+}
+
+inline void PrintTo(const QVariant &value, std::ostream *stream)
+{
+    *stream << (value.isValid() ? value.typeName() : "invalid") << ' ' << value.toString().toStdString();
+}
+
+/// holm's application, with the calls that a test may ask for written down in order.
+class RecordingApplication : public Application
+{
+public:
+    using Application::Application;
+
+    void registerFunction(IProvider *provider, const QString &name, bool interactive, bool returnsValue,
+                          int index) override;
+    IProvider *provider(const QString &name) const override;
+    void loadTranslation(const QString &basePath) override;
+
+    QStringList registered;
+    mutable QStringList calls;
+};
+
+class FakeShell : public platform::Shell
+{
+public:
+    bool execute(const platform::ShellExecution &execution) override;
+    std::optional<std::u16string> specialFolder(platform::SpecialFolder folder, bool create) override;
+    bool exists(const std::u16string &path) override;
+    std::u16string localPath(const std::u16string &path) override;
+
+    std::vector<platform::ShellExecution> executions;
+    QStringList askedFolders;
+};
+
+/// A started provider in an application directory of its own, and a script engine to call it from.
+///
+/// Scripts find "cb", a callback that keeps its arguments in "results".
+class ProviderTest : public testing::Test
+{
+protected:
+    ProviderTest();
+    ~ProviderTest() override;
+
+    /// Evaluates a script, in which "$APP" stands for the application directory. Returns the result as JSON.
+    QString run(QString script);
+
+    /// Makes a file below the temporary directory, and its folders.
+    void makeFile(const QString &path) const;
+    bool exists(const QString &path) const;
+
+    /// The message boxes shown since the last call, as "[title] text".
+    QStringList takeMessages();
+
+    QTemporaryDir m_dir;
+    FakeShell *m_shell;
+    RecordingApplication m_application;
+    KestMainProvider m_store;
+    KestCommandProvider m_provider;
+
+private:
+    class MessageReader;
+    std::unique_ptr<MessageReader> m_reader;
+};
