@@ -74,10 +74,8 @@ QScriptValue Application::callProvider(QScriptContext *context, QScriptEngine *,
 QScriptValue Application::callFunction(const QScriptValue &thisObject, const QScriptValue &function,
                                        const QScriptValueList &arguments, bool reportErrors)
 {
-    if (m_calls.isPartOfCall()) {
-        const CallQueue::Scope scope(m_calls);
+    if (m_calls.isPartOfCall())
         return m_engine.call(thisObject, function, arguments, reportErrors);
-    }
     m_calls.deliver([this, thisObject, function, arguments, reportErrors] {
         m_engine.call(thisObject, function, arguments, reportErrors);
     });

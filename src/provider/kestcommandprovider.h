@@ -123,12 +123,12 @@ protected:
     /// Empty: no function returns a value.
     std::unique_ptr<ReturningFunction[]> returningFunctionTable;
 
-private:
-    void initialize_functions();
-
     /// Calls a script function with results, its this-object being what the script gave.
     void answer(const QScriptValue &thisObject, const QScriptValue &callback,
                 const QScriptValueList &results);
+
+private:
+    void initialize_functions();
     QScriptValue toArray(const QStringList &texts);
 
     KestMainProvider *configuration() const;

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <benchmark/benchmark.h>
+
+#include <map>
+#include <string>
+
+/// Prints the results as usual and then, for each pair of benchmarks that has a limit, how many times longer
+/// the first takes than the second. The best of all repetitions counts.
+class LimitReporter : public benchmark::ConsoleReporter
+{
+public:
+    void ReportRuns(const std::vector<Run> &runs) override;
+    void Finalize() override;
+
+    bool keepsLimits() const;
+
+private:
+    std::map<std::string, double> m_bestTimes;
+    bool m_keepsLimits = true;
+};
