@@ -59,8 +59,10 @@ QScriptValue Application::callProvider(QScriptContext *context, QScriptEngine *,
 {
     constexpr int usualCount = 8;
     QVarLengthArray<QScriptValue, usualCount> values;
+    // QScriptContext::argument() makes this object anew for each argument.
+    const QScriptValue list = context->argumentsObject();
     for (int i = 0; i < context->argumentCount(); ++i)
-        values.append(context->argument(i));
+        values.append(list.property(static_cast<quint32>(i)));
     FunctionArguments arguments(values.constData(), values.size());
 
     const auto &function = *static_cast<const PublishedFunction *>(published);
