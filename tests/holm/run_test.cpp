@@ -183,6 +183,7 @@ TEST(HolmRun, WhatComesDueInADialogWaitsForTheCall)
         }
         widget.button.clicked.connect(function() { ask(); print("handler done"); });
         widget.button.click();
+        gc();
         print("script done");
         callLater(300, function() { print("last"); quit(0); });)");
     const HolmResult result = holm.run(words("--plugin " LATECOMER_PLUGIN " --timeout 20 w"));

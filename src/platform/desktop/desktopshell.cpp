@@ -98,7 +98,7 @@ QString DesktopShell::find(const QString &file) const
     if (path.contains(QLatin1Char('/')) || QFileInfo::exists(path))
         return path;
     const QString inWindows = m_device.localPath(QLatin1String("/Windows/") + path);
-    if (QFileInfo::exists(inWindows))
+    if (QFileInfo(inWindows).isFile())
         return inWindows;
     const QString onSearchPath = QStandardPaths::findExecutable(path);
     return onSearchPath.isEmpty() ? path : onSearchPath;
