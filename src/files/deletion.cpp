@@ -10,6 +10,8 @@
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 
+#include <optional>
+
 namespace {
 
 bool isBelowAsText(const QString &path, const QString &directory)
@@ -46,6 +48,15 @@ bool standsInside(const QString &path, const QString &directory)
     return parent == root || parent.startsWith(root + QLatin1Char('/'));
 }
 
+/// The path that a script means, or nothing if it is absolute and not below @p directory. The comparison
+/// is one of texts; what a relative path comes to is for standsInside() to say.
+std::optional<QString> targetPath(const QString &path, const QString &directory)
+{
+    if (!isAbsolutePath(path))
+        return directory + path;
+    return isBelowAsText(path, directory) ? std::optional(path) : std::nullopt;
+}
+
 void reportRefusal()
 {
     KestMessageBox::information(
@@ -69,14 +80,10 @@ void KestCommandProvider::deleteFile(FunctionArguments *arguments)
         return;
 
     const QString base = m_application->applicationPath();
-    QString path = arguments->argument(0).toString();
-    if (!isAbsolutePath(path))
-        path.prepend(base);
-    else if (!isBelowAsText(path, base))
+    const std::optional<QString> path = targetPath(arguments->argument(0).toString(), base);
+    if (!path || !standsInside(*path, base))
         return reportRefusal();
-    if (!standsInside(path, base))
-        return reportRefusal();
-    QFile::remove(path);
+    QFile::remove(*path);
 }
 
 void KestCommandProvider::deleteDir(FunctionArguments *arguments)
@@ -85,15 +92,13 @@ void KestCommandProvider::deleteDir(FunctionArguments *arguments)
         return;
 
     const QString base = m_application->applicationPath();
-    QString path = arguments->argument(0).toString();
-    if (!isAbsolutePath(path))
-        path.prepend(base);
-    else if (!isBelowAsText(path, base))
+    std::optional<QString> path = targetPath(arguments->argument(0).toString(), base);
+    if (!path)
         return reportRefusal();
+    if (path->endsWith(QLatin1Char('\\')) || path->endsWith(QLatin1Char('/')))
+        path->chop(1);
 
-    if (path.endsWith(QLatin1Char('\\')) || path.endsWith(QLatin1Char('/')))
-        path.chop(1);
-    QDir dir(path);
+    QDir dir(*path);
     const QString absolute = dir.absolutePath();
     if (!isBelowAsText(absolute, base) || !standsInside(absolute, base))
         return reportRefusal();
