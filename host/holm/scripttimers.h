@@ -8,6 +8,8 @@
 #include <memory>
 
 class CallQueue;
+class QScriptContext;
+class QScriptEngine;
 class ScriptEngine;
 
 /// setTimeout(), setInterval(), clearTimeout() and clearInterval() for scripts.

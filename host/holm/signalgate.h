@@ -3,6 +3,8 @@
 #include <QtScript/QScriptValue>
 
 class CallQueue;
+class QScriptContext;
+class QScriptEngine;
 class ScriptEngine;
 
 /// Makes script functions that are connected to signals of QObjects keep the order of script calls.

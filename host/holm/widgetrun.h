@@ -9,6 +9,8 @@
 #include <memory>
 
 class Application;
+class QScriptContext;
+class QScriptEngine;
 class QScriptEngineDebugger;
 class QWidget;
 

@@ -20,8 +20,8 @@ Content parse(const QByteArray &bytes);
 
 QByteArray toBytes(const QSettings::SettingsMap &values);
 
-/// The path under which QSettings keeps a section, and a value in it. QSettings splits paths at slashes and takes
-/// no empty names; names are escaped so that they may be any text.
+/// The path under which QSettings keeps a section, and a value in it. QSettings splits paths at slashes and
+/// takes no empty names; names are escaped so that they may be any text.
 QString path(const QString &section);
 QString path(const QString &section, const QString &key);
 

@@ -112,7 +112,7 @@ public:
     void clearRunningProcessesResources(FunctionArguments *arguments);
 
 public slots:
-    void registryChanged(RegistryMonitor *monitor, QVariant oldValue, QVariant newValue);
+    void registryChanged(RegistryMonitor *monitor, const QVariant &oldValue, const QVariant &newValue);
 
     /// Takes up the settings of the Programs caches.
     void configChanged();

@@ -21,4 +21,4 @@ void KestCommandProvider::regEventUnSuscribe(FunctionArguments *)
     warnNotAvailable("regEventUnSuscribe");
 }
 
-void KestCommandProvider::registryChanged(RegistryMonitor *, QVariant, QVariant) { }
+void KestCommandProvider::registryChanged(RegistryMonitor *, const QVariant &, const QVariant &) { }

@@ -16,7 +16,7 @@ namespace {
 
 // A shortcut may name a shortcut; one that names itself must not hang.
 constexpr int mostLinks = 8;
-constexpr qint64 largestShortcut = 64 * 1024;
+constexpr qint64 largestShortcut = 65536;
 
 bool isAddress(const QString &file)
 {
@@ -94,10 +94,10 @@ bool DesktopShell::startShortcut(const QString &shortcut, int linksLeft) const
 
 QString DesktopShell::find(const QString &file) const
 {
-    const QString path = m_device.localPath(file);
+    QString path = m_device.localPath(file);
     if (path.contains(QLatin1Char('/')) || QFileInfo::exists(path))
         return path;
-    const QString inWindows = m_device.localPath(QLatin1String("/Windows/") + path);
+    QString inWindows = m_device.localPath(QLatin1String("/Windows/") + path);
     if (QFileInfo(inWindows).isFile())
         return inWindows;
     const QString onSearchPath = QStandardPaths::findExecutable(path);

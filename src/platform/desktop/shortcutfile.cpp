@@ -1,5 +1,7 @@
 #include "platform/desktop/shortcutfile.h"
 
+#include <QtCore/QList>
+
 namespace platform {
 
 namespace {
