@@ -19,6 +19,10 @@
 #include <iostream>
 #include <optional>
 
+namespace {
+constexpr QSize debuggerSize(900, 640);
+}
+
 WidgetRun::WidgetRun(Application &application, const RunOptions &options)
     : m_application(application)
     , m_options(options)
@@ -39,6 +43,8 @@ QString WidgetRun::loadForm()
     m_window = std::move(form.window);
     if (!m_window)
         return form.error;
+    if (m_window->windowTitle().isEmpty())
+        m_window->setWindowTitle(QFileInfo(m_options.script).absoluteDir().dirName());
     if (m_options.vga)
         m_window->resize(m_window->size() * 2);
     m_window->installEventFilter(this);
@@ -69,6 +75,7 @@ int WidgetRun::execute()
     QApplication::exec();
 
     m_application.calls().close();
+    QApplication::processEvents(); // what the script changed last is laid out
     if (!m_options.screenshot.isEmpty() && !saveScreenshot() && m_status == ExitStatus::ok)
         return ExitStatus::cannotStart;
     return m_status;
@@ -129,6 +136,7 @@ void WidgetRun::attachDebugger()
 {
     m_debugger = std::make_unique<QScriptEngineDebugger>();
     m_debugger->attachTo(&m_application.engine());
+    m_debugger->standardWindow()->resize(debuggerSize);
     m_debugger->standardWindow()->show();
     m_debugger->action(QScriptEngineDebugger::InterruptAction)->trigger();
 }

@@ -57,6 +57,12 @@ QVariant decoded(const QString &text)
     return isText || value.convert(mark->type) ? value : QVariant(text);
 }
 
+QByteArray contentOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
 // QSettings does the locking, the merging with what other processes wrote, and the replacing.
 QSettings::Format format()
 {
@@ -155,13 +161,13 @@ ConfigurationStore::Values ConfigurationStore::readAll() const
 
 void ConfigurationStore::keepDamagedFile() const
 {
-    QFile file(m_file);
-    if (!file.open(QIODevice::ReadOnly) || !ConfigurationFile::parse(file.readAll()).isDamaged)
+    const QByteArray content = contentOf(m_file);
+    const QString copy = m_file + QLatin1String(".damaged");
+    if (!ConfigurationFile::parse(content).isDamaged || contentOf(copy) == content)
         return;
     // The next write leaves out what could not be read.
-    const QString copy = m_file + QLatin1String(".damaged");
     QFile::remove(copy);
-    file.copy(copy);
+    QFile::copy(m_file, copy);
     qWarning("%s: some lines make no sense and are left out; the file is kept as %s", qUtf8Printable(m_file),
              qUtf8Printable(copy));
 }

@@ -53,7 +53,7 @@ bool standsInside(const QString &path, const QString &directory)
 std::optional<QString> targetPath(const QString &path, const QString &directory)
 {
     if (!isAbsolutePath(path))
-        return directory + path;
+        return resolvedPath(path);
     return isBelowAsText(path, directory) ? std::optional(path) : std::nullopt;
 }
 

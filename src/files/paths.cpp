@@ -12,7 +12,9 @@ bool isAbsolutePath(const QString &path)
 
 QString resolvedPath(const QString &path)
 {
-    if (!isAbsolutePath(path))
-        return KestCommandProvider::instance()->application()->applicationPath() + path;
-    return QString::fromStdU16String(platform::current().shell().localPath(path.toStdU16String()));
+    const QString localPath =
+        QString::fromStdU16String(platform::current().shell().localPath(path.toStdU16String()));
+    return isAbsolutePath(path)
+        ? localPath
+        : KestCommandProvider::instance()->application()->applicationPath() + localPath;
 }

@@ -16,10 +16,7 @@ public:
         if (geteuid() == 0)
             m_changed = setegid(nobody) == 0 && seteuid(nobody) == 0;
     }
-    ~AsNobody()
-    {
-        EXPECT_TRUE(!m_changed || (seteuid(0) == 0 && setegid(0) == 0));
-    }
+    ~AsNobody() { EXPECT_TRUE(!m_changed || (seteuid(0) == 0 && setegid(0) == 0)); }
     Q_DISABLE_COPY(AsNobody)
 
     static constexpr uid_t nobody = 65534;
@@ -73,6 +70,7 @@ TEST_F(DeletionTest, StaysInsideTheApplicationDirectory)
         "deleteFile('$APP-sibling/x')",
         "deleteFile('')",
         "deleteFile('sub/..')",
+        "deleteFile('..\\\\outside\\\\secret')",
         "deleteFile('out/.')",
         "deleteDir('')",
         "deleteDir('.', true)",
@@ -112,6 +110,7 @@ TEST_F(DeletionTest, DeletesWhatIsNamedAndNothingElse)
     const Case cases[] = {
         {"deleteFile('file')", "app/file", "app/sub"},
         {"deleteFile('$APP/sub/inner')", "app/sub/inner", "app/sub/deep/x"},
+        {"deleteFile('sub\\\\deep\\\\x')", "app/sub/deep/x", "app/sub/deep"},
         {"deleteFile('in/keep')", "app/other/keep", "app/in"},
         {"deleteFile('filelink')", "app/filelink", "outside/secret"},
         {"deleteFile('out')", "app/out", "outside/secret"},

@@ -27,6 +27,8 @@ TEST_F(ProviderTest, ListsFilesAndFolders)
         {QStringLiteral("getDirs('pics', this, cb)"),
          paths({QStringLiteral("Dir"), QStringLiteral("sub.png")})},
         {QStringLiteral("getDirs('pics/Dir', this, cb)"), paths({})},
+        {QStringLiteral("getFiles('.\\\\pics\\\\', '*.txt', this, cb)"),
+         paths({QStringLiteral("notes.txt")})},
         {QStringLiteral("getDirs('', this, cb)"), none},
     };
     for (const auto &[call, expected] : cases)

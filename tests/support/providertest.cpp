@@ -5,6 +5,8 @@
 #include <QtCore/QFileInfo>
 #include <QtWidgets/QMessageBox>
 
+#include <algorithm>
+
 void RecordingApplication::registerFunction(IProvider *provider, const QString &name, bool interactive,
                                             bool returnsValue, int index)
 {
@@ -42,7 +44,9 @@ bool FakeShell::exists(const std::u16string &)
 
 std::u16string FakeShell::localPath(const std::u16string &path)
 {
-    return path;
+    std::u16string local = path;
+    std::replace(local.begin(), local.end(), u'\\', u'/');
+    return local;
 }
 
 class ProviderTest::MessageReader : public QObject

@@ -1,0 +1,239 @@
+// What widget scripts see: the forty functions of kestcmd, and holm's own globals.
+// docs/functions.md explains each function, docs/widgets.md the globals. Functions marked "Not available yet" only
+// warn on standard error.
+
+// files/
+
+/** Lists the files of a folder by name, as absolute paths; filters are wildcards separated by ";". An empty path is ignored: no callback. */
+declare function getFiles<T>(path: string, filters: string, thisObject: T, callback: (this: T, files: string[]) => void): void;
+
+/** Lists the folders in a folder by name, as absolute paths. An empty path is ignored: no callback. */
+declare function getDirs<T>(path: string, thisObject: T, callback: (this: T, folders: string[]) => void): void;
+
+/** Starts a program or opens a document; only a file whose name holds ".exe" gets parameters. Failures are not reported. */
+declare function launch(file: string, parameters?: string): void;
+
+/** Deletes one file inside the application directory. */
+declare function deleteFile(path: string): void;
+
+/** Deletes a folder inside the application directory; with everything in it if recursive (default false) is true, else only if empty. */
+declare function deleteDir(path: string, recursive?: boolean): void;
+
+// provider/: configuration
+
+/** Stores values by section and key: numbers, booleans, and texts; anything else as its text. */
+declare function setConfig(section: string, key: string, value: unknown, ...moreKeysAndValues: unknown[]): void;
+
+/** Reads values by section and key; null where nothing is stored. */
+declare function getConfig<T extends object>(section: string, thisObject: T, callback: (this: T, values: KestStoredValue[]) => void, key: string, ...moreKeys: string[]): void;
+
+/** Deletes one value, or without a key the whole section. */
+declare function deleteConfig(section: string, key?: string): void;
+
+// registry/
+
+/** Not available yet. Reads a registry value: a text, a number, or undefined if there is no such key. No callback if there is no such value. */
+declare function readReg<T>(path: string, thisObject: T, callback: (this: T, value: string | number | undefined) => void): void;
+
+/** Not available yet. Writes a registry value in an existing key: a text, or a number (whole, 32 bits). */
+declare function writeReg(path: string, value: string | number): void;
+
+/** Not available yet. Calls back whenever a registry value changes. The object is a QObject, such as widget. */
+declare function regEventSuscribe<T extends object>(object: T, callback: (this: T, path: string, before: string | number | undefined, now: string | number | undefined) => void, path: string): void;
+
+/** Not available yet. Undoes one regEventSuscribe. */
+declare function regEventUnSuscribe(object: object, path: string): void;
+
+// dialogs/
+
+/** Not available yet. Lets the user choose a file or, with folderMode, a folder; null if cancelled. */
+declare function browseFiles<T extends object>(thisObject: T, callback: (this: T, path: string | null) => void, folder?: string, filters?: string, showFolders?: boolean, folderMode?: boolean): void;
+
+/** Not available yet. Asks for a line of text; ok is false and the text empty if cancelled. */
+declare function textInput<T extends object>(label: string, text: string, thisObject: T, callback: (this: T, ok: boolean, text: string) => void): void;
+
+/** Not available yet. Asks for a whole number; ok is false if cancelled. With a maximum, minimum is the only number allowed; with a step, maximum is the step. */
+declare function numInput<T extends object>(thisObject: T, callback: (this: T, ok: boolean, value: number) => void, label: string, value: number, minimum?: number, maximum?: number, step?: number, mode?: unknown): void;
+
+/** Not available yet. Lets the user choose from entries; (false, null, -1) if cancelled. */
+declare function listInput<T extends object>(thisObject: T, callback: (this: T, ok: boolean, text: string | null, index: number) => void, label: string, index: number, entries: unknown[], valueOnOdd?: boolean): void;
+/** Not available yet. Lets the user choose from, or edit, a list kept in the configuration as one text (separator default ";"). */
+declare function listInput<T extends object>(thisObject: T, callback: (this: T, ok: boolean, text: string | null, index: number) => void, label: string, indexOrText: number | string, section: string, key: string, separator?: string, valueOnOdd?: boolean, byIndex?: boolean | null, editable?: boolean): void;
+
+/** Not available yet. Lets the user choose a contact; its object identifier, or 0 if cancelled. */
+declare function selectContact<T extends object>(thisObject: T, callback: (this: T, oid: number) => void): void;
+
+// device/
+
+/** Not available yet. Drives the music player S2P; "play" and "pause" start it if need be. */
+declare function s2pCommand(command: "play" | "pause" | "next" | "prev"): void;
+
+/** Not available yet. What the music player S2P does; texts are empty if it never ran. */
+declare function s2pStatus<T extends object>(thisObject: T, callback: (this: T, playing: boolean, title: string, album: string) => void): void;
+
+/** Not available yet. Whether a radio is on; a discoverable Bluetooth radio counts as off. */
+declare function getRadioStatus<T extends object>(radio: "bluetooth" | "wifi" | "phone", thisObject: T, callback: (this: T, on: boolean) => void): void;
+
+/** Not available yet. Switches a radio on or off. */
+declare function setRadioStatus(radio: "bluetooth" | "wifi" | "phone", on: boolean): void;
+
+/** Not available yet. Makes the Bluetooth radio discoverable. */
+declare function setBluetoothDiscoverable(): void;
+
+/** Not available yet. The sound profile. thisObject is a QObject, such as widget. */
+declare function getSoundProfile<T extends object>(thisObject: T, callback: (this: T, profile: "on" | "vibrate" | "off") => void): void;
+
+/** Not available yet. Sets the sound profile. */
+declare function setSoundProfile(profile: "on" | "vibrate" | "off"): void;
+
+// network/
+
+/** Not available yet. Fetches a text over HTTP, later: the text, or on error a message. */
+declare function getUrl<T extends object>(url: string, thisObject: T, callback: (this: T, error: boolean, textOrMessage: string) => void): void;
+
+/** Not available yet. Fetches an RSS feed, later: its items and title, or on error a message. */
+declare function getRSSFeed<T extends object>(url: string, thisObject: T, callback: (this: T, error: boolean, items: KestResultOrMessage<KestFeedItem[]>, title: string) => void): void;
+
+/** Not available yet. Fetches a weather feed, later: one record, or on error a message. */
+declare function getWeather<T extends object>(url: string, thisObject: T, callback: (this: T, error: boolean, weather: KestResultOrMessage<KestWeather>) => void): void;
+
+// pim/
+
+/** Not available yet. Saves a contact's photo, or with ask a picture that the user chooses, to a file; sizes in pixels. */
+declare function contactImage<T extends object>(thisObject: T, callback: (this: T, result: string) => void, oid: number, destination: string, ask: boolean, width?: number, height?: number): void;
+
+/** Not available yet. The details of a contact. */
+declare function contactInfo<T extends object>(oid: number, thisObject: T, callback: (this: T, contact: KestContact) => void): void;
+
+/** Not available yet. Calls back with 0 and the item's object identifier whenever an item of the folder changes. The object is a QObject, such as widget. */
+declare function poomEventSuscribe<T extends object>(object: T, callback: (this: T, zero: number, oid: number) => void, folder: "Contacts" | "Tasks" | "Appointments"): void;
+
+/** Not available yet. Undoes one poomEventSuscribe. */
+declare function poomEventUnSuscribe(object: object, folder: "Contacts" | "Tasks" | "Appointments"): void;
+
+/** Not available yet. The next appointments; count default 10, dateFormat "MM/dd/yyyy", timeFormat "HH:mm". */
+declare function getAppointments<T extends object>(thisObject: T, callback: (this: T, appointments: KestAppointment[]) => void, count?: number, dateFormat?: string, timeFormat?: string): void;
+
+/** Not available yet. Open tasks: "Overdued", "NotDued", or by default those due today; at most count - 1 (count default 100), dateFormat "MM/dd/yyyy", byStartDate true. */
+declare function getTasks<T extends object>(thisObject: T, callback: (this: T, tasks: KestTask[]) => void, filter?: string, count?: number, dateFormat?: string, byStartDate?: boolean): void;
+
+// programs/
+
+/** Not available yet. Saves the icon of a program, shortcut or library to a picture file; sizes in pixels. "exe" or "lnk" if there was none. */
+declare function extractIcon<T extends object>(thisObject: T, callback: (this: T, result: "true" | "mscr" | "exe" | "lnk") => void, source: string, destination: string, ask: boolean, large: boolean): void;
+declare function extractIcon<T extends object>(thisObject: T, callback: (this: T, result: "true" | "mscr" | "exe" | "lnk") => void, source: string, destination: string, ask: boolean, large: boolean, width: number, height: number): void;
+
+/** Not available yet. Shows the Programs menu and starts what the user chooses; the folder defaults to the device's Programs folder. */
+declare function openProgramsFolder(folder?: string): void;
+
+/** Not available yet. Reads a folder of the Programs menu ahead of time; the folder defaults to the device's Programs folder. */
+declare function cacheProgramsFolder(folder?: string): void;
+
+/** Not available yet. Brings a window to the front. */
+declare function focusWindow(entry: KestRunningProcess): void;
+
+/** Not available yet. Lists the windows of running programs, with pictures named prefix plus window number; first frees the pictures of the previous list. */
+declare function runningProcesses<T extends object>(prefix: string, pictures: "none" | "icons" | "snapshots" | null, thisObject: T, callback: (this: T, entries: KestRunningProcess[]) => void, previous?: KestRunningProcess[]): void;
+
+/** Not available yet. Asks a window to close. */
+declare function closeWindow(entry: KestRunningProcess): void;
+
+/** Not available yet. Frees the pictures of a list from runningProcesses. */
+declare function clearRunningProcessesResources(entries: KestRunningProcess[]): void;
+
+// Records
+
+/** A value as getConfig gives it; "any", for the script knows what it stored. */
+type KestStoredValue = any;
+
+/** One or the other, as the error flag in front of it says; typed as both, so that scripts need no casts. */
+type KestResultOrMessage<T> = T & string;
+
+interface KestFeedItem {
+    title?: string;
+    description?: string;
+}
+
+/** Only what the feed holds; of several days of forecast the last. */
+interface KestWeather {
+    city?: string;
+    country?: string;
+    tempUnit?: string;
+    distUnit?: string;
+    pressUnit?: string;
+    speedUnit?: string;
+    humidity?: number;
+    visibility?: string;
+    pressure?: number;
+    condition?: string;
+    conditionCode?: number;
+    currentTemp?: number;
+    low?: number;
+    high?: number;
+    fcondition?: string;
+    fconditionCode?: number;
+    windSpeed?: number;
+    windDirection?: number;
+}
+
+/** By the names of a contact's properties, first letter lower case. */
+interface KestContact {
+    firstName?: string;
+    lastName?: string;
+    mobileTelephoneNumber?: string;
+    email1Address?: string;
+    [property: string]: any;
+}
+
+interface KestAppointment {
+    subject: string;
+    /** Date and time, a blank between them. */
+    startDate: string;
+}
+
+interface KestTask {
+    subject: string;
+    startDate: string;
+    dueDate: string;
+}
+
+interface KestRunningProcess {
+    /** The window's title. */
+    name: string;
+    hWnd: number;
+    /** The resource name of its picture, for KestImage. */
+    imgRes?: string;
+}
+
+// holm
+
+/** Writes a line to standard output: its arguments as texts, a blank between them. */
+declare function print(...values: any[]): void;
+
+/** Calls a function once, after so many milliseconds (default 0), with the further arguments; returns a number for clearTimeout. */
+declare function setTimeout(callback: (...values: any[]) => void, milliseconds?: number, ...values: any[]): number;
+
+/** Calls a function every so many milliseconds (default 0), with the further arguments; returns a number for clearInterval. */
+declare function setInterval(callback: (...values: any[]) => void, milliseconds?: number, ...values: any[]): number;
+
+/** Stops a timer; does nothing if it has fired or never was. */
+declare function clearTimeout(timer: number): void;
+
+/** Stops a timer; does nothing if it never was. */
+declare function clearInterval(timer: number): void;
+
+/** Runs another script in the global scope; its path is relative to the file that includes it. Returns the value of its last statement. */
+declare function include(file: string): any;
+
+/** Ends the run with an exit status (default 0). Nothing after the call is executed. */
+declare function quit(status?: number): never;
+
+/** What stands behind the widget on holm's command line. */
+declare var args: string[];
+
+/** The window made from widget.ui: the properties, signals and slots of its class, and its named children. Without a widget.ui, reading it is an error. */
+declare var widget: KestWidget;
+
+interface KestWidget {
+    [member: string]: any;
+}
