@@ -57,6 +57,11 @@ void Application::registerFunction(IProvider *provider, const QString &name, boo
 
 QScriptValue Application::callProvider(QScriptContext *context, QScriptEngine *, void *published)
 {
+    const auto &function = *static_cast<const PublishedFunction *>(published);
+    ScriptEngine &engine = function.application->m_engine;
+    if (engine.isQuitting())
+        return engine.unwindIfQuitting(context);
+
     constexpr int usualCount = 8;
     QVarLengthArray<QScriptValue, usualCount> values;
     // QScriptContext::argument() makes this object anew for each argument.
@@ -65,12 +70,11 @@ QScriptValue Application::callProvider(QScriptContext *context, QScriptEngine *,
         values.append(list.property(static_cast<quint32>(i)));
     FunctionArguments arguments(values.constData(), values.size());
 
-    const auto &function = *static_cast<const PublishedFunction *>(published);
     const CallQueue::Scope scope(function.application->m_calls);
     if (function.returnsValue)
         return function.provider->invokeRet(function.index, &arguments);
     function.provider->invoke(function.index, &arguments);
-    return function.application->m_engine.unwindIfQuitting(context);
+    return engine.unwindIfQuitting(context);
 }
 
 QScriptValue Application::callFunction(const QScriptValue &thisObject, const QScriptValue &function,
@@ -173,7 +177,7 @@ void Application::loadTranslation(const QString &basePath)
     m_translators.push_back(std::move(translator));
 }
 
-void Application::setNativeDialogOpen(bool open)
+void Application::setNativeDialogOpen(bool)
 {
-    m_nativeDialogOpen = open;
+    // A desktop has no on-screen keyboard or full-screen window that would stand in a dialog's way.
 }

@@ -13,14 +13,12 @@
 #include <vector>
 
 /// The application that holm is to its providers.
-class Application : public QObject, public IApplication
+class Application : public IApplication
 {
-    Q_OBJECT
-
 public:
     /// @p applicationDirectory need not end with a separator.
     Application(const QString &applicationDirectory, bool vga);
-    ~Application() override;
+    virtual ~Application();
 
     ScriptEngine &engine();
     CallQueue &calls();
@@ -66,7 +64,6 @@ private:
 
     const QString m_path;
     const bool m_vga;
-    bool m_nativeDialogOpen = false;
     ImageResources m_images;
     CallQueue m_calls;
     ScriptEngine m_engine;

@@ -41,6 +41,11 @@ bool CallQueue::isPartOfCall() const
     return m_depth > 0 && QThread::currentThread()->loopLevel() == m_loopLevel;
 }
 
+bool CallQueue::isInCall() const
+{
+    return m_depth > 0;
+}
+
 bool CallQueue::isIdle() const
 {
     return m_depth == 0 && m_waiting.empty();

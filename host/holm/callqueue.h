@@ -36,6 +36,9 @@ public:
     /// inside it.
     bool isPartOfCall() const;
 
+    /// Whether a call is in progress.
+    bool isInCall() const;
+
     /// Nothing is in progress or waiting.
     bool isIdle() const;
 

@@ -51,8 +51,3 @@ bool EventBindings::isEmpty() const
 {
     return m_bindings.empty();
 }
-
-void EventBindings::clear()
-{
-    m_bindings.clear();
-}

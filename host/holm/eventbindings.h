@@ -28,7 +28,6 @@ public:
 
     bool contains(int id) const;
     bool isEmpty() const;
-    void clear();
 
 private:
     std::vector<Binding> m_bindings;

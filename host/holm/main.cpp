@@ -18,8 +18,13 @@ const char helpText[] = "Usage: holm COMMAND ...\n"
                         "  holm --help\n";
 
 // Warnings belong on standard error, also where Qt would send them to the system's journal.
-void tellMessage(QtMsgType, const QMessageLogContext &, const QString &message)
+void tellMessage(QtMsgType type, const QMessageLogContext &, const QString &message)
 {
+    // Such as a display that does not answer: Qt would abort, with a page of text.
+    if (type == QtFatalMsg) {
+        std::cerr << "holm: " << message.section(QLatin1Char('\n'), 0, 0).toStdString() << std::endl;
+        std::_Exit(ExitStatus::cannotStart);
+    }
     // What Qt tells on a machine without a desktop session is of no use to the author of a widget.
     const bool isNoise = message.startsWith(QLatin1String("QStandardPaths: XDG_RUNTIME_DIR not set"))
         || message.startsWith(QLatin1String("This plugin does not support "));
@@ -52,7 +57,7 @@ int run(char **argv, QStringList commandLine)
         return runWidget(argc, argv, options);
 
     const QCoreApplication application(argc, argv);
-    commandLine.removeOne(QStringLiteral("--watch"));
+    commandLine.removeAll(QStringLiteral("--watch"));
     WatchCommand watch(options, QStringList(QStringLiteral("run")) + commandLine);
     return watch.execute();
 }

@@ -33,7 +33,7 @@ QString ProviderPlugins::load(const QStringList &files)
     for (const QString &file : files) {
         if (!QFileInfo::exists(file))
             return file + QLatin1String(": there is no such plug-in");
-        QPluginLoader loader(file);
+        QPluginLoader loader(QFileInfo(file).absoluteFilePath());
         const QString interface = loader.metaData().value(QLatin1String("IID")).toString();
         if (interface.isEmpty())
             return file + QLatin1String(": not a plug-in: ") + loader.errorString();

@@ -24,12 +24,6 @@ void tell(const QString &problem)
     std::cerr << "holm: " << problem.toStdString() << std::endl;
 }
 
-void setDefault(const char *variable, const char *value)
-{
-    if (!qEnvironmentVariableIsSet(variable))
-        qputenv(variable, value);
-}
-
 bool hasScreen()
 {
     return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY")
@@ -39,10 +33,10 @@ bool hasScreen()
 void prepareEnvironment(const RunOptions &options)
 {
     if (options.unattended)
-        setDefault("QT_QPA_PLATFORM", "offscreen");
+        qputenv("QT_QPA_PLATFORM", "offscreen");
     // As fonts are measured in points, they double with the rest.
     if (options.vga)
-        setDefault("QT_FONT_DPI", "192");
+        qputenv("QT_FONT_DPI", "192");
     // For the plug-in, and for programs that a widget starts.
     if (!options.device.isEmpty())
         qputenv(platform::DeviceFolder::environmentVariable,

@@ -8,6 +8,7 @@
 #include <QtCore/QFileInfo>
 #include <QtCore/QLocale>
 
+#include <cmath>
 #include <limits>
 
 namespace {
@@ -50,8 +51,9 @@ QString readTimeout(const QString &text, std::chrono::milliseconds &timeout)
     bool isNumber = false;
     const double milliseconds = text.toDouble(&isNumber) * millisecondsPerSecond;
     if (!isNumber || !(milliseconds > 0) || milliseconds > std::numeric_limits<int>::max())
-        return QLatin1String("--timeout wants a number of seconds above 0, not \"") + text + QLatin1Char('"');
-    timeout = std::chrono::milliseconds(static_cast<int>(milliseconds));
+        return QLatin1String("--timeout wants a number of seconds above 0 and below 2000000, not \"") + text
+            + QLatin1Char('"');
+    timeout = std::chrono::milliseconds(static_cast<int>(std::ceil(milliseconds)));
     return QString();
 }
 
@@ -142,7 +144,7 @@ QString RunOptions::helpText()
         "  --app DIR        application directory, default the one that came with holm\n"
         "  --plugin FILE    provider plug-in, repeatable; default: those that came with holm\n"
         "  --locale NAME    such as de or zh_CN; default: the system's\n"
-        "  --vga            a high-density screen: everything twice as large\n"
+        "  --vga            a high-density screen: window and fonts twice as large\n"
         "  --unattended     no screen, nobody to answer: message boxes go to standard error,\n"
         "                   other dialogs are cancelled\n"
         "  --timeout S      end after S seconds with status 124 (unattended: 30 unless told)\n"

@@ -1,6 +1,8 @@
 #include "scriptengine.h"
 
+#include <QtCore/QDir>
 #include <QtCore/QFile>
+#include <QtCore/QFileInfo>
 #include <QtCore/QTextStream>
 #include <QtScript/QScriptContext>
 #include <QtScript/QScriptContextInfo>
@@ -43,6 +45,28 @@ QString syntaxErrorIn(const QString &text, const QString &file)
     return place(file, result.errorLineNumber()) + QLatin1String(": SyntaxError: ") + message;
 }
 
+// The innermost code that comes from a file; native functions and eval() have none.
+QScriptContextInfo nearestScript(const QScriptContext *context)
+{
+    for (; context; context = context->parentContext()) {
+        const QScriptContextInfo info(context);
+        if (!info.fileName().isEmpty())
+            return info;
+    }
+    return QScriptContextInfo();
+}
+
+// A thrown value that is no Error, and code in eval(), do not know their file; their callers do.
+QString fileOf(const QStringList &frames)
+{
+    for (const QString &frame : frames) {
+        const QString where = frame.section(QLatin1String(" at "), -1);
+        if (where.contains(QLatin1Char(':')))
+            return where.section(QLatin1Char(':'), 0, -2);
+    }
+    return QString();
+}
+
 void tell(const QString &line)
 {
     std::cerr << line.toStdString() << std::endl;
@@ -57,6 +81,7 @@ ScriptEngine::ScriptEngine(QObject *parent)
 
 bool ScriptEngine::evaluateFile(const QString &file)
 {
+    m_mainFile = file;
     const Source source = read(file);
     const QString error = source.error.isEmpty() ? syntaxErrorIn(source.text, file) : source.error;
     if (!error.isEmpty()) {
@@ -70,8 +95,11 @@ bool ScriptEngine::evaluateFile(const QString &file)
     return false;
 }
 
-QScriptValue ScriptEngine::include(QScriptContext *context, const QString &file)
+QScriptValue ScriptEngine::include(QScriptContext *context, const QString &path)
 {
+    const QScriptContextInfo includer = nearestScript(context);
+    const QFileInfo from(includer.isNull() ? m_mainFile : includer.fileName());
+    const QString file = QDir::cleanPath(from.dir().filePath(path));
     const Source source = read(file);
     const QString error = source.error.isEmpty() ? syntaxErrorIn(source.text, file) : source.error;
     if (!error.isEmpty())
@@ -116,14 +144,15 @@ QScriptValue ScriptEngine::unwindIfQuitting(QScriptContext *context) const
     return m_quitting ? context->throwError(QStringLiteral("The run is ending.")) : QScriptValue();
 }
 
+bool ScriptEngine::isQuitting() const
+{
+    return m_quitting;
+}
+
 QString ScriptEngine::position() const
 {
-    for (const QScriptContext *context = currentContext(); context; context = context->parentContext()) {
-        const QScriptContextInfo info(context);
-        if (!info.fileName().isEmpty())
-            return place(info.fileName(), info.lineNumber());
-    }
-    return QString();
+    const QScriptContextInfo info = nearestScript(currentContext());
+    return info.isNull() ? QString() : place(info.fileName(), info.lineNumber());
 }
 
 void ScriptEngine::reportException()
@@ -139,11 +168,12 @@ void ScriptEngine::reportException()
     }
 
     const QScriptValue exception = uncaughtException();
-    const QString file = exception.property(QStringLiteral("fileName")).toString();
-    // A thrown value that is no Error does not know where it comes from.
-    const QString where = file.isEmpty() ? frames.value(0).section(QLatin1String(" at "), -1)
-                                         : place(file, uncaughtExceptionLineNumber());
-    tell(where + QLatin1String(": ") + exception.toString());
+    QString file = exception.property(QStringLiteral("fileName")).toString();
+    if (file.isEmpty())
+        file = fileOf(frames);
+    if (file.isEmpty())
+        file = m_mainFile; // a stack that overflows in native functions has no frames
+    tell(place(file, uncaughtExceptionLineNumber()) + QLatin1String(": ") + exception.toString());
     for (const QString &frame : qAsConst(frames))
         tell(QLatin1String("    ") + frame);
 }

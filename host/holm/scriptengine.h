@@ -17,8 +17,9 @@ public:
     bool evaluateFile(const QString &file);
 
     /// What a native function that includes a script file returns: evaluates the file in the global scope,
-    /// wherever it is included from. Throws in @p context if it cannot be read or has a syntax error.
-    QScriptValue include(QScriptContext *context, const QString &file);
+    /// wherever it is included from. Its path is relative to the including file. Throws in @p context if
+    /// it cannot be read or has a syntax error.
+    QScriptValue include(QScriptContext *context, const QString &path);
 
     /// The syntax error in a script file as "file:line: message", or an empty text.
     static QString syntaxError(const QString &file);
@@ -29,6 +30,8 @@ public:
 
     /// Asks to end the run. No script function is called any more.
     void stop(int status);
+
+    bool isQuitting() const;
 
     /// What a native function returns last: undefined, or once the run is ending an exception
     /// that ends the script which called it.
@@ -43,5 +46,6 @@ signals:
 private:
     void reportException();
 
+    QString m_mainFile;
     bool m_quitting = false;
 };

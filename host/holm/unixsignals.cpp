@@ -1,22 +1,37 @@
 #include "unixsignals.h"
 
+#include "exitstatus.h"
+
 #include <QtCore/QSocketNotifier>
 
+#include <cerrno>
 #include <csignal>
 #include <fcntl.h>
 #include <unistd.h>
 
 namespace {
 
-volatile std::sig_atomic_t writeEnd = -1;
+constexpr unsigned graceSeconds = 2;
 
-// The self-pipe way: of all that is to be done, only write() may be called here (signal-safety(7)).
+volatile std::sig_atomic_t writeEnd = -1;
+volatile std::sig_atomic_t lastNumber = 0;
+
+// The self-pipe way: what has to be done is not safe here (signal-safety(7)).
 void remember(int number)
 {
+    const int savedError = errno;
+    lastNumber = number;
     const auto byte = static_cast<unsigned char>(number);
     if (write(writeEnd, &byte, 1) < 0) {
         // The pipe is full of signals already.
     }
+    alarm(graceSeconds);
+    errno = savedError;
+}
+
+void endAtOnce(int)
+{
+    _exit(ExitStatus::signalBase + lastNumber);
 }
 
 } // namespace
@@ -31,12 +46,15 @@ UnixSignals::UnixSignals(QObject *parent)
     connect(notifier, &QSocketNotifier::activated, this, &UnixSignals::read);
     std::signal(SIGINT, remember);
     std::signal(SIGTERM, remember);
+    std::signal(SIGALRM, endAtOnce);
 }
 
 UnixSignals::~UnixSignals()
 {
     std::signal(SIGINT, SIG_DFL);
     std::signal(SIGTERM, SIG_DFL);
+    alarm(0);
+    std::signal(SIGALRM, SIG_DFL);
     for (const int end : m_pipe) {
         if (end >= 0)
             close(end);

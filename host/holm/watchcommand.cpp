@@ -4,6 +4,8 @@
 #include "scriptengine.h"
 #include "unixsignals.h"
 
+#include <platform/desktop/devicefolder.h>
+
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDateTime>
 #include <QtCore/QDirIterator>
@@ -57,27 +59,62 @@ int WatchCommand::execute()
     return status;
 }
 
+// What a run itself writes, perhaps into the widget's folder, must not start the next one.
+bool WatchCommand::isOutput(const QString &path) const
+{
+    const QString device = m_options.device.isEmpty() ? platform::DeviceFolder::current().path()
+                                                      : platform::DeviceFolder(m_options.device).path();
+    const QString absolute = QDir::cleanPath(QDir().absoluteFilePath(path));
+    const bool isScreenshot = !m_options.screenshot.isEmpty()
+        && absolute == QDir::cleanPath(QDir().absoluteFilePath(m_options.screenshot));
+    return isScreenshot || absolute == device || absolute.startsWith(device + QLatin1Char('/'));
+}
+
 WatchCommand::Files WatchCommand::watchFiles()
 {
-    const QString folder = QFileInfo(m_options.script).path();
-    const bool isFolder = QFileInfo(m_options.script).fileName() == QLatin1String("widget.js");
+    const QFileInfo script(m_options.script);
+    const bool isFolder = script.fileName() == QLatin1String("widget.js");
 
-    QStringList paths{m_options.script};
+    // The folder, too: files that editors replace drop out of the watcher. And the one above, in which
+    // the widget's folder may be replaced.
+    QStringList paths{m_options.script, script.path(), script.absoluteDir().filePath(QStringLiteral(".."))};
     if (isFolder) {
-        QDirIterator iterator(folder, QDir::AllEntries | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
-        while (iterator.hasNext())
-            paths.append(iterator.next());
+        QDirIterator iterator(script.path(), QDir::AllEntries | QDir::NoDotAndDotDot,
+                              QDirIterator::Subdirectories);
+        while (iterator.hasNext()) {
+            const QString path = iterator.next();
+            if (!isOutput(path))
+                paths.append(path);
+        }
     }
+    // Afresh: a watcher stays with a folder that was moved away.
+    if (!m_watched.isEmpty())
+        m_watcher.removePaths(m_watched);
+    m_watched = paths;
+    m_watcher.addPaths(paths);
+
     Files files;
     for (const QString &path : qAsConst(paths)) {
         const QFileInfo info(path);
         if (info.isFile())
             files.insert(path, {info.lastModified().toMSecsSinceEpoch(), info.size()});
     }
-    // The folder, too: files that editors replace drop out of the watcher.
-    paths.append(folder);
-    m_watcher.addPaths(paths);
     return files;
+}
+
+QString WatchCommand::syntaxError() const
+{
+    QStringList scripts{m_options.script};
+    for (auto file = m_files.cbegin(); file != m_files.cend(); ++file) {
+        if (file.key().endsWith(QLatin1String(".js")))
+            scripts.append(file.key());
+    }
+    for (const QString &script : qAsConst(scripts)) {
+        const QString error = ScriptEngine::syntaxError(script);
+        if (!error.isEmpty())
+            return error;
+    }
+    return QString();
 }
 
 void WatchCommand::restartIfChanged()
@@ -86,7 +123,7 @@ void WatchCommand::restartIfChanged()
     if (files == m_files)
         return;
     m_files = files;
-    const QString error = ScriptEngine::syntaxError(m_options.script);
+    const QString error = syntaxError();
     if (!error.isEmpty()) {
         std::cerr << error.toStdString() << std::endl;
         return;
@@ -102,6 +139,10 @@ void WatchCommand::start()
     m_child->setInputChannelMode(QProcess::ForwardedInputChannel);
     connect(m_child.get(), QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), this,
             [this](int status) { childEnded(status); });
+    connect(m_child.get(), &QProcess::errorOccurred, this, [](QProcess::ProcessError error) {
+        if (error == QProcess::FailedToStart)
+            QCoreApplication::exit(ExitStatus::cannotStart);
+    });
     m_child->start(QCoreApplication::applicationFilePath(), m_commandLine);
 }
 

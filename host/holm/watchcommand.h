@@ -12,7 +12,7 @@
 #include <memory>
 
 /// Carries out "holm run --watch": runs the widget in a process of its own, and in a fresh one
-/// whenever its files have changed and the new script parses.
+/// whenever its files have changed and its scripts parse.
 class WatchCommand : public QObject
 {
     Q_OBJECT
@@ -30,7 +30,9 @@ private:
     /// Time stamps and sizes by path.
     using Files = QHash<QString, QPair<qint64, qint64>>;
 
+    bool isOutput(const QString &path) const;
     Files watchFiles();
+    QString syntaxError() const;
     void restartIfChanged();
     void start();
     void stopChild();
@@ -39,6 +41,7 @@ private:
     const RunOptions &m_options;
     const QStringList m_commandLine;
     QFileSystemWatcher m_watcher;
+    QStringList m_watched;
     QTimer m_settle;
     Files m_files;
     std::unique_ptr<QProcess> m_child;

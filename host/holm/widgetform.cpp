@@ -20,6 +20,33 @@ public:
     }
 };
 
+QStringList heldBack;
+
+/// Holds back what Qt says while a form is read: if it fails, holm says it in its own words.
+class MessageHold
+{
+public:
+    MessageHold()
+        : m_previous(qInstallMessageHandler(
+            [](QtMsgType, const QMessageLogContext &, const QString &message) { heldBack.append(message); }))
+    {
+        heldBack.clear();
+    }
+    ~MessageHold() { qInstallMessageHandler(m_previous); }
+    Q_DISABLE_COPY(MessageHold)
+
+private:
+    const QtMessageHandler m_previous;
+};
+
+WidgetForm load(QFile &file)
+{
+    const MessageHold hold;
+    FormLoader loader;
+    std::unique_ptr<QWidget> window(loader.load(&file));
+    return {std::move(window), loader.errorString()};
+}
+
 } // namespace
 
 WidgetForm loadWidgetForm(const QString &uiFile)
@@ -27,9 +54,14 @@ WidgetForm loadWidgetForm(const QString &uiFile)
     QFile file(uiFile);
     if (!file.open(QIODevice::ReadOnly))
         return {nullptr, uiFile + QLatin1String(": ") + file.errorString()};
-    FormLoader loader;
-    WidgetForm form{std::unique_ptr<QWidget>(loader.load(&file)), QString()};
-    if (!form.window)
-        form.error = uiFile + QLatin1String(": not a form that Qt Designer made: ") + loader.errorString();
+    WidgetForm form = load(file);
+    if (!form.window) {
+        const QString reason = form.error.isEmpty() ? heldBack.value(0) : form.error;
+        form.error = uiFile + QLatin1String(": not a form that Qt Designer made: ")
+            + reason.section(QLatin1Char('\n'), 0, 0);
+        return form;
+    }
+    for (const QString &message : qAsConst(heldBack))
+        qWarning("%s: %s", qUtf8Printable(uiFile), qUtf8Printable(message));
     return form;
 }

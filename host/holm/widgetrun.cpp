@@ -13,6 +13,7 @@
 #include <QtScriptTools/QScriptEngineDebugger>
 #include <QtWidgets/QAction>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QDialog>
 #include <QtWidgets/QMainWindow>
 #include <QtWidgets/QWidget>
 
@@ -47,7 +48,11 @@ QString WidgetRun::loadForm()
         m_window->setWindowTitle(QFileInfo(m_options.script).absoluteDir().dirName());
     if (m_options.vga)
         m_window->resize(m_window->size() * 2);
+    // Whoever answers dialogs is not to take the widget for one.
+    m_window->setWindowModality(Qt::NonModal);
     m_window->installEventFilter(this);
+    if (const auto *dialog = qobject_cast<QDialog *>(m_window.get()))
+        connect(dialog, &QDialog::finished, this, [this] { m_application.engine().stop(ExitStatus::ok); });
     return QString();
 }
 
@@ -75,7 +80,6 @@ int WidgetRun::execute()
     QApplication::exec();
 
     m_application.calls().close();
-    QApplication::processEvents(); // what the script changed last is laid out
     if (!m_options.screenshot.isEmpty() && !saveScreenshot() && m_status == ExitStatus::ok)
         return ExitStatus::cannotStart;
     return m_status;
@@ -85,7 +89,7 @@ bool WidgetRun::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == m_window.get() && (event->type() == QEvent::Close || event->type() == QEvent::Hide)) {
         // A script may hide its window and go on; whoever closes it, the run ends.
-        const bool byScript = event->type() == QEvent::Hide && !m_application.calls().isIdle();
+        const bool byScript = event->type() == QEvent::Hide && m_application.calls().isInCall();
         const auto endIfGone = [this, byScript] {
             if (!byScript && m_window->isHidden())
                 m_application.engine().stop(ExitStatus::ok);
@@ -116,9 +120,9 @@ void WidgetRun::publishWindow()
         return;
     }
     const auto wrapped = [&engine](QObject *object) {
+        // The engine's own way to children would give each of them a second wrapper.
         return engine.newQObject(object, QScriptEngine::QtOwnership,
-                                 QScriptEngine::ExcludeDeleteLater
-                                     | QScriptEngine::PreferExistingWrapperObject);
+                                 QScriptEngine::ExcludeDeleteLater | QScriptEngine::ExcludeChildObjects);
     };
     QScriptValue window = wrapped(m_window.get());
     const QObjectList children = m_window->findChildren<QObject *>();
@@ -165,6 +169,7 @@ void WidgetRun::end(int status)
 
 bool WidgetRun::saveScreenshot() const
 {
+    QApplication::processEvents(); // what the script changed last is laid out
     if (m_window && m_window->grab().save(m_options.screenshot))
         return true;
     std::cerr << "holm: " << m_options.screenshot.toStdString()
@@ -184,9 +189,8 @@ QScriptValue WidgetRun::print(QScriptContext *context, QScriptEngine *)
 
 QScriptValue WidgetRun::include(QScriptContext *context, QScriptEngine *, void *run)
 {
-    const QString includer = QScriptContextInfo(context->parentContext()).fileName();
-    const QString file = QDir::cleanPath(QFileInfo(includer).dir().filePath(context->argument(0).toString()));
-    return static_cast<WidgetRun *>(run)->m_application.engine().include(context, file);
+    ScriptEngine &engine = static_cast<WidgetRun *>(run)->m_application.engine();
+    return engine.include(context, context->argument(0).toString());
 }
 
 QScriptValue WidgetRun::quit(QScriptContext *context, QScriptEngine *, void *run)

@@ -2,6 +2,9 @@
 
 #include <QtCore/QStringList>
 
+#include <algorithm>
+#include <cctype>
+
 namespace {
 
 constexpr int codeLength = 4;
@@ -9,9 +12,11 @@ constexpr int hexadecimal = 16;
 
 bool isCodeAt(const QString &text, int index)
 {
-    bool isNumber = false;
-    text.midRef(index + 1, codeLength).toUShort(&isNumber, hexadecimal);
-    return text.at(index) == QLatin1Char('%') && index + codeLength < text.size() && isNumber;
+    if (text.at(index) != QLatin1Char('%') || index + codeLength >= text.size())
+        return false;
+    const QByteArray code = text.mid(index + 1, codeLength).toLatin1();
+    return std::all_of(code.begin(), code.end(),
+                       [](char c) { return std::isxdigit(static_cast<unsigned char>(c)) != 0; });
 }
 
 bool isLoneSurrogateAt(const QString &text, int index)
@@ -22,7 +27,7 @@ bool isLoneSurrogateAt(const QString &text, int index)
     return (c.isHighSurrogate() && !beforeLow) || (c.isLowSurrogate() && !afterHigh);
 }
 
-template<typename IsMisread>
+template <typename IsMisread>
 QString escaped(const QString &text, IsMisread isMisread)
 {
     QString result;
@@ -76,7 +81,7 @@ ConfigurationFile::Content ConfigurationFile::parse(const QByteArray &bytes)
 {
     Content content;
     QString section;
-    const QStringList lines = QString::fromUtf8(bytes).split(QLatin1Char('\n'));
+    const QStringList lines = QString::fromUtf8(bytes.constData(), bytes.size()).split(QLatin1Char('\n'));
     for (const QString &fullLine : lines) {
         const QString line = fullLine.trimmed();
         const int equals = line.indexOf(QLatin1Char('='));
@@ -102,8 +107,8 @@ QByteArray ConfigurationFile::toBytes(const QSettings::SettingsMap &values)
         if (itsSection != section)
             text += QLatin1Char('[') + itsSection + QLatin1String("]\n");
         section = itsSection;
-        text += value.key().section(QLatin1Char('/'), 1) + QLatin1Char('=')
-            + escapedValue(value->toString()) + QLatin1Char('\n');
+        text += value.key().section(QLatin1Char('/'), 1) + QLatin1Char('=') + escapedValue(value->toString())
+            + QLatin1Char('\n');
     }
     return text.toUtf8();
 }

@@ -9,6 +9,9 @@
 #include <QtCore/QSettings>
 
 #include <array>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
 
 namespace {
 
@@ -56,6 +59,29 @@ QVariant decoded(const QString &text)
     const bool isText = mark->type == QMetaType::QString;
     return isText || value.convert(mark->type) ? value : QVariant(text);
 }
+
+/// Keeps other processes from saving. Unlike a lock file, it goes when its holder is killed (flock(2)).
+class SaveLock
+{
+public:
+    explicit SaveLock(const QString &folder)
+        : m_folder(open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
+    {
+        m_isHeld = m_folder >= 0 && flock(m_folder, LOCK_EX) == 0;
+    }
+    ~SaveLock()
+    {
+        if (m_folder >= 0)
+            close(m_folder);
+    }
+    Q_DISABLE_COPY(SaveLock)
+
+    bool isHeld() const { return m_isHeld; }
+
+private:
+    const int m_folder;
+    bool m_isHeld = false;
+};
 
 QByteArray contentOf(const QString &path)
 {
@@ -115,12 +141,17 @@ bool ConfigurationStore::setValue(const QString &section, const QString &key, co
 
 bool ConfigurationStore::remove(const QString &section, const QString &key)
 {
-    m_settings->remove(key.isEmpty() ? ConfigurationFile::path(section) : ConfigurationFile::path(section, key));
+    m_settings->remove(key.isEmpty() ? ConfigurationFile::path(section)
+                                     : ConfigurationFile::path(section, key));
     return save();
 }
 
 bool ConfigurationStore::save()
 {
+    const SaveLock lock(QFileInfo(m_file).absolutePath());
+    // One that is there now was left by a killed process; QSettings would wait half a minute for it.
+    if (lock.isHeld())
+        QFile::remove(m_file + QLatin1String(".lock"));
     m_settings->sync();
     m_reload.start();
     if (m_settings->status() == QSettings::NoError)
@@ -142,11 +173,11 @@ void ConfigurationStore::reload()
 {
     watchFile();
     m_settings->sync();
+    keepDamagedFile();
     const Values values = readAll();
     if (values == m_known)
         return;
     m_known = values;
-    keepDamagedFile();
     emit changed();
 }
 

@@ -15,5 +15,5 @@ public:
     static void information(QWidget *parent, const QString &title, const QString &text);
 
 private:
-    using QMessageBox::QMessageBox;
+    KestMessageBox(const QString &title, const QString &text, QWidget *parent);
 };

@@ -36,11 +36,6 @@ void ImageResources::remove(const QString &name)
         emit changed(name);
 }
 
-int ImageResources::count() const
-{
-    return m_pictures.size();
-}
-
 QPixmap ImageResources::picture(const QString &name) const
 {
     const auto found = m_pictures.constFind(name);

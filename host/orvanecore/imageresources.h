@@ -23,7 +23,6 @@ public:
 
     void add(const QString &name, const QPixmap &picture);
     void remove(const QString &name);
-    int count() const;
 
     /// The picture published as @p name, else the stock picture at that path, else a null pixmap.
     QPixmap picture(const QString &name) const;

@@ -102,6 +102,7 @@ void KestCommandProvider::deleteDir(FunctionArguments *arguments)
     const QString absolute = dir.absolutePath();
     if (!isBelowAsText(absolute, base) || !standsInside(absolute, base))
         return reportRefusal();
+    dir.setPath(absolute); // what has been checked is what is deleted
 
     const bool recursive =
         arguments->argumentCount() == 2 && arguments->argument(1).isBool() && arguments->argument(1).toBool();

@@ -35,7 +35,7 @@ public:
     KestCommandProvider();
     ~KestCommandProvider() override;
 
-    /// The provider made last, or null before the first.
+    /// The provider made last, or null if there is none or that one has been destroyed.
     static KestCommandProvider *instance();
 
     /// The host, or null before InitializeScript().
@@ -104,7 +104,7 @@ public:
     void extractIcon(FunctionArguments *arguments);
     void openProgramsFolder(FunctionArguments *arguments);
     void cacheProgramsFolder(FunctionArguments *arguments);
-    /// Of the same form as the others, but for the host's menus only: never published to scripts.
+    /// Of the same form as the others, but never published to scripts.
     void clearProgramsFolderCache(FunctionArguments *arguments);
     void focusWindow(FunctionArguments *arguments);
     void runningProcesses(FunctionArguments *arguments);

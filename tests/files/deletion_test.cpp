@@ -40,6 +40,10 @@ protected:
         link("nowhere", "app/dangling");
         link("outside", "app/sub/out");
         link("nowhere", "app/sub/dangling");
+        // Read with its link followed, "out/../victim" is another folder than as text.
+        makeFile(QStringLiteral("victim/deep/x"));
+        QDir(m_dir.path()).mkpath(QStringLiteral("app/victim"));
+        link("outside", "app/victim/deep");
         link("app/loop", "app/loop");
         link("app", "app-link");
     }
@@ -123,7 +127,10 @@ TEST_F(DeletionTest, DeletesWhatIsNamedAndNothingElse)
         {"deleteDir('sub')", nullptr, "app/sub/inner"},
         {"deleteDir('sub', false)", nullptr, "app/sub/inner"},
         {"deleteDir('sub', 'true')", nullptr, "app/sub/inner"},
+        {"deleteDir('empty/.')", "app/empty", "app/sub"},
         {"deleteDir('sub', true)", "app/sub", "outside/secret"},
+        {"deleteDir('sub/deep/..', true)", "app/sub", "outside/secret"},
+        {"deleteDir('out/../victim', true)", "app/victim", "outside/dir/x"},
         {"deleteDir('in/../sub', true)", "app/sub", "app/in"},
         {"deleteDir('out', true)", "app/out", "outside/dir/x"},
         {"deleteDir('out/')", "app/out", "outside/dir/x"},
