@@ -110,7 +110,7 @@ QString WatchCommand::syntaxError() const
             scripts.append(file.key());
     }
     for (const QString &script : qAsConst(scripts)) {
-        const QString error = ScriptEngine::syntaxError(script);
+        QString error = ScriptEngine::syntaxError(script);
         if (!error.isEmpty())
             return error;
     }

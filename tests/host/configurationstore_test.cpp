@@ -158,7 +158,8 @@ TEST_F(ConfigurationStoreTest, NothingIsLostOfADamagedFile)
         QFile kept(m_file + QLatin1String(".damaged"));
         return kept.open(QIODevice::ReadOnly) ? kept.readAll() : QByteArray();
     };
-    const QByteArray damaged("[s]\ngood=50% 10 days\nnot understood\nwith=a\0b\n[unclosed\nlast=1\n", 65);
+    const char content[] = "[s]\ngood=50% 10 days\nnot understood\nwith=a\0b\n[unclosed\nlast=1\n";
+    const QByteArray damaged(content, sizeof content - 1);
     write(damaged);
     ConfigurationStore store(m_file);
     EXPECT_EQ(keptBytes(), damaged);
