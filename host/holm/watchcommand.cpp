@@ -11,6 +11,7 @@
 #include <QtCore/QDirIterator>
 #include <QtCore/QFileInfo>
 
+#include <algorithm>
 #include <csignal>
 #include <iostream>
 #include <sys/prctl.h>
@@ -34,6 +35,11 @@ WatchCommand::WatchCommand(const RunOptions &options, const QStringList &childCo
     : m_options(options)
     , m_commandLine(childCommandLine)
 {
+    m_outputs.append(options.device.isEmpty() ? platform::DeviceFolder::current().path()
+                                              : platform::DeviceFolder(options.device).path());
+    if (!options.screenshot.isEmpty())
+        m_outputs.append(QDir::cleanPath(QDir().absoluteFilePath(options.screenshot)));
+
     m_settle.setSingleShot(true);
     m_settle.setInterval(settleMilliseconds);
     connect(&m_settle, &QTimer::timeout, this, &WatchCommand::restartIfChanged);
@@ -59,15 +65,12 @@ int WatchCommand::execute()
     return status;
 }
 
-// What a run itself writes, perhaps into the widget's folder, must not start the next one.
 bool WatchCommand::isOutput(const QString &path) const
 {
-    const QString device = m_options.device.isEmpty() ? platform::DeviceFolder::current().path()
-                                                      : platform::DeviceFolder(m_options.device).path();
     const QString absolute = QDir::cleanPath(QDir().absoluteFilePath(path));
-    const bool isScreenshot = !m_options.screenshot.isEmpty()
-        && absolute == QDir::cleanPath(QDir().absoluteFilePath(m_options.screenshot));
-    return isScreenshot || absolute == device || absolute.startsWith(device + QLatin1Char('/'));
+    return std::any_of(m_outputs.cbegin(), m_outputs.cend(), [&absolute](const QString &output) {
+        return absolute == output || absolute.startsWith(output + QLatin1Char('/'));
+    });
 }
 
 WatchCommand::Files WatchCommand::watchFiles()

@@ -30,6 +30,7 @@ private:
     /// Time stamps and sizes by path.
     using Files = QHash<QString, QPair<qint64, qint64>>;
 
+    /// Whether a run itself writes @p path, so that a change there must not start the next one.
     bool isOutput(const QString &path) const;
     Files watchFiles();
     QString syntaxError() const;
@@ -41,6 +42,7 @@ private:
     const RunOptions &m_options;
     const QStringList m_commandLine;
     QFileSystemWatcher m_watcher;
+    QStringList m_outputs;
     QStringList m_watched;
     QTimer m_settle;
     Files m_files;
