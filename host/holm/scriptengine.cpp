@@ -18,22 +18,6 @@ QString place(const QString &file, int line)
     return file + QLatin1Char(':') + QString::number(line);
 }
 
-struct Source
-{
-    QString text;
-    QString error;
-};
-
-Source read(const QString &path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return {QString(), path + QLatin1String(": ") + file.errorString()};
-    QTextStream stream(&file);
-    stream.setCodec("UTF-8");
-    return {stream.readAll(), QString()};
-}
-
 QString syntaxErrorIn(const QString &text, const QString &file)
 {
     const QScriptSyntaxCheckResult result = QScriptEngine::checkSyntax(text);
@@ -44,6 +28,26 @@ QString syntaxErrorIn(const QString &text, const QString &file)
         : QLatin1String("not understood from column ") + QString::number(result.errorColumnNumber());
     return place(file, result.errorLineNumber()) + QLatin1String(": SyntaxError: ") + message;
 }
+
+/// A script file's text, or why it cannot be evaluated.
+struct Source
+{
+    explicit Source(const QString &path)
+    {
+        QFile file(path);
+        if (!file.open(QIODevice::ReadOnly)) {
+            error = path + QLatin1String(": ") + file.errorString();
+            return;
+        }
+        QTextStream stream(&file);
+        stream.setCodec("UTF-8");
+        text = stream.readAll();
+        error = syntaxErrorIn(text, path);
+    }
+
+    QString text;
+    QString error;
+};
 
 // The innermost code that comes from a file; native functions and eval() have none.
 QScriptContextInfo nearestScript(const QScriptContext *context)
@@ -67,6 +71,14 @@ QString fileOf(const QStringList &frames)
     return QString();
 }
 
+// A frame names the call's arguments, which may be whole arrays.
+QString shortened(const QString &frame)
+{
+    if (frame.size() <= longestFrame)
+        return frame;
+    return frame.left(longestFrame) + QLatin1String("... at ") + frame.section(QLatin1String(" at "), -1);
+}
+
 void tell(const QString &line)
 {
     std::cerr << line.toStdString() << std::endl;
@@ -82,10 +94,9 @@ ScriptEngine::ScriptEngine(QObject *parent)
 bool ScriptEngine::evaluateFile(const QString &file)
 {
     m_mainFile = file;
-    const Source source = read(file);
-    const QString error = source.error.isEmpty() ? syntaxErrorIn(source.text, file) : source.error;
-    if (!error.isEmpty()) {
-        tell(error);
+    const Source source(file);
+    if (!source.error.isEmpty()) {
+        tell(source.error);
         return false;
     }
     evaluate(source.text, file);
@@ -100,10 +111,9 @@ QScriptValue ScriptEngine::include(QScriptContext *context, const QString &path)
     const QScriptContextInfo includer = nearestScript(context);
     const QFileInfo from(includer.isNull() ? m_mainFile : includer.fileName());
     const QString file = QDir::cleanPath(from.dir().filePath(path));
-    const Source source = read(file);
-    const QString error = source.error.isEmpty() ? syntaxErrorIn(source.text, file) : source.error;
-    if (!error.isEmpty())
-        return context->throwError(QLatin1String("include: ") + error);
+    const Source source(file);
+    if (!source.error.isEmpty())
+        return context->throwError(QLatin1String("include: ") + source.error);
     context->setActivationObject(globalObject());
     context->setThisObject(globalObject());
     return evaluate(source.text, file);
@@ -111,8 +121,7 @@ QScriptValue ScriptEngine::include(QScriptContext *context, const QString &path)
 
 QString ScriptEngine::syntaxError(const QString &file)
 {
-    const Source source = read(file);
-    return source.error.isEmpty() ? syntaxErrorIn(source.text, file) : source.error;
+    return Source(file).error;
 }
 
 QScriptValue ScriptEngine::call(const QScriptValue &thisObject, const QScriptValue &function,
@@ -160,11 +169,8 @@ void ScriptEngine::reportException()
     QStringList frames;
     const QStringList backtrace = uncaughtExceptionBacktrace();
     for (const QString &frame : backtrace) {
-        // Native frames have no place; the text of one may hold whole arrays.
-        if (!frame.endsWith(QLatin1String(" at -1")))
-            frames.append(frame.size() <= longestFrame ? frame
-                                                       : frame.left(longestFrame) + QLatin1String("... at ")
-                                  + frame.section(QLatin1String(" at "), -1));
+        if (!frame.endsWith(QLatin1String(" at -1"))) // native functions have no place
+            frames.append(shortened(frame));
     }
 
     const QScriptValue exception = uncaughtException();

@@ -21,7 +21,7 @@ public:
     /// it cannot be read or has a syntax error.
     QScriptValue include(QScriptContext *context, const QString &path);
 
-    /// The syntax error in a script file as "file:line: message", or an empty text.
+    /// The syntax error in a script file as "file:line: message", why it cannot be read, or an empty text.
     static QString syntaxError(const QString &file);
 
     /// Calls a script function. An exception ends here, and is reported if @p reportErrors.
