@@ -11,7 +11,8 @@ declare function getFiles<T>(path: string, filters: string, thisObject: T, callb
 declare function getDirs<T>(path: string, thisObject: T, callback: (this: T, folders: string[]) => void): void;
 
 /** Starts a program or opens a document; only a file whose name holds ".exe" gets parameters. Failures are not reported. */
-declare function launch(file: string, parameters?: string): void;
+declare function launch(file: string): void;
+declare function launch(file: string, parameters: string, ...ignored: unknown[]): void;
 
 /** Deletes one file inside the application directory. */
 declare function deleteFile(path: string): void;
@@ -28,7 +29,8 @@ declare function setConfig(section: string, key: string, value: unknown, ...more
 declare function getConfig<T extends object>(section: string, thisObject: T, callback: (this: T, values: KestStoredValue[]) => void, key: string, ...moreKeys: string[]): void;
 
 /** Deletes one value, or without a key the whole section. */
-declare function deleteConfig(section: string, key?: string): void;
+declare function deleteConfig(section: string): void;
+declare function deleteConfig(section: string, key: string): void;
 
 // registry/
 

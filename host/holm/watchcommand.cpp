@@ -29,6 +29,13 @@ protected:
     void setupChildProcess() override { prctl(PR_SET_PDEATHSIG, SIGTERM); }
 };
 
+// The nearest one that exists.
+QString folderAbove(const QString &path)
+{
+    const QString above = QFileInfo(path).absolutePath();
+    return QFileInfo::exists(above) ? above : folderAbove(above);
+}
+
 } // namespace
 
 WatchCommand::WatchCommand(const RunOptions &options, const QStringList &childCommandLine)
@@ -80,7 +87,7 @@ WatchCommand::Files WatchCommand::watchFiles()
 
     // The folder, too: files that editors replace drop out of the watcher. And the one above, in which
     // the widget's folder may be replaced.
-    QStringList paths{m_options.script, script.path(), script.absoluteDir().filePath(QStringLiteral(".."))};
+    QStringList paths{m_options.script, script.path(), folderAbove(script.absolutePath())};
     if (isFolder) {
         QDirIterator iterator(script.path(), QDir::AllEntries | QDir::NoDotAndDotDot,
                               QDirIterator::Subdirectories);

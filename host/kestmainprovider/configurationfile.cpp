@@ -98,7 +98,7 @@ ConfigurationFile::Content ConfigurationFile::parse(const QByteArray &bytes)
     return content;
 }
 
-QByteArray ConfigurationFile::toBytes(const QSettings::SettingsMap &values)
+QByteArray ConfigurationFile::toBytes(const Values &values)
 {
     QString text;
     QString section;
@@ -107,18 +107,18 @@ QByteArray ConfigurationFile::toBytes(const QSettings::SettingsMap &values)
         if (itsSection != section)
             text += QLatin1Char('[') + itsSection + QLatin1String("]\n");
         section = itsSection;
-        text += value.key().section(QLatin1Char('/'), 1) + QLatin1Char('=') + escapedValue(value->toString())
+        text += value.key().section(QLatin1Char('/'), 1) + QLatin1Char('=') + escapedValue(*value)
             + QLatin1Char('\n');
     }
     return text.toUtf8();
 }
 
-QString ConfigurationFile::path(const QString &section)
+QString ConfigurationFile::prefix(const QString &section)
 {
-    return escapedName(section);
+    return escapedName(section) + QLatin1Char('/');
 }
 
 QString ConfigurationFile::path(const QString &section, const QString &key)
 {
-    return escapedName(section) + QLatin1Char('/') + escapedName(key);
+    return prefix(section) + escapedName(key);
 }

@@ -1,7 +1,8 @@
 #pragma once
 
 #include <QtCore/QByteArray>
-#include <QtCore/QSettings>
+#include <QtCore/QMap>
+#include <QtCore/QString>
 
 /// The text form of a configuration: UTF-8, sections in brackets, a line "key=value" each.
 ///
@@ -9,20 +10,24 @@
 /// empty name is "%".
 namespace ConfigurationFile {
 
+/// Texts by path().
+using Values = QMap<QString, QString>;
+
 struct Content
 {
-    QSettings::SettingsMap values; ///< texts by path()
+    Values values;
     bool isDamaged = false; ///< some lines made no sense and are left out
 };
 
 /// Reads any bytes; empty lines and those that begin with ";" or "#" are passed over.
 Content parse(const QByteArray &bytes);
 
-QByteArray toBytes(const QSettings::SettingsMap &values);
+QByteArray toBytes(const Values &values);
 
-/// The path under which QSettings keeps a section, and a value in it. QSettings splits paths at slashes and
-/// takes no empty names; names are escaped so that they may be any text.
-QString path(const QString &section);
+/// What the paths of all values in a section begin with.
+QString prefix(const QString &section);
+
+/// Section and key, which may be any texts, escaped and joined by a slash.
 QString path(const QString &section, const QString &key);
 
 } // namespace ConfigurationFile

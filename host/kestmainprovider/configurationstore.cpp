@@ -2,14 +2,15 @@
 
 #include "configurationfile.h"
 
-#include <QtCore/QDebug>
+#include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 #include <QtCore/QLocale>
-#include <QtCore/QSettings>
+#include <QtCore/QSaveFile>
 
 #include <array>
 #include <fcntl.h>
+#include <optional>
 #include <sys/file.h>
 #include <unistd.h>
 
@@ -83,26 +84,13 @@ private:
     bool m_isHeld = false;
 };
 
-QByteArray contentOf(const QString &path)
+/// Empty if there is no such file, nothing if it cannot be read.
+std::optional<QByteArray> contentOf(const QString &path)
 {
     QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-// QSettings does the locking, the merging with what other processes wrote, and the replacing.
-QSettings::Format format()
-{
-    const auto read = [](QIODevice &device, QSettings::SettingsMap &values) {
-        values = ConfigurationFile::parse(device.readAll()).values;
-        return true;
-    };
-    const auto write = [](QIODevice &device, const QSettings::SettingsMap &values) {
-        const QByteArray bytes = ConfigurationFile::toBytes(values);
-        return device.write(bytes) == bytes.size();
-    };
-    static const QSettings::Format registered =
-        QSettings::registerFormat(QStringLiteral("ini"), read, write, Qt::CaseSensitive);
-    return registered;
+    if (!file.exists())
+        return QByteArray();
+    return file.open(QIODevice::ReadOnly) ? std::optional(file.readAll()) : std::nullopt;
 }
 
 } // namespace
@@ -111,9 +99,8 @@ ConfigurationStore::ConfigurationStore(const QString &file, QObject *parent)
     : QObject(parent)
     , m_file(QFileInfo(file).absoluteFilePath())
 {
-    m_settings = std::make_unique<QSettings>(m_file, format());
-    m_known = readAll();
-    keepDamagedFile();
+    read();
+    m_announced = m_values;
 
     m_reload.setSingleShot(true);
     connect(&m_reload, &QTimer::timeout, this, &ConfigurationStore::reload);
@@ -129,37 +116,60 @@ ConfigurationStore::~ConfigurationStore() = default;
 QVariant ConfigurationStore::value(const QString &section, const QString &key,
                                    const QVariant &defaultValue) const
 {
-    const QVariant stored = m_settings->value(ConfigurationFile::path(section, key));
-    return stored.isValid() ? decoded(stored.toString()) : defaultValue;
+    const auto found = m_values.constFind(ConfigurationFile::path(section, key));
+    return found == m_values.cend() ? defaultValue : decoded(*found);
 }
 
 bool ConfigurationStore::setValue(const QString &section, const QString &key, const QVariant &value)
 {
-    m_settings->setValue(ConfigurationFile::path(section, key), encoded(value));
-    return save();
+    return change([&] { m_values.insert(ConfigurationFile::path(section, key), encoded(value)); });
 }
 
 bool ConfigurationStore::remove(const QString &section, const QString &key)
 {
-    m_settings->remove(key.isEmpty() ? ConfigurationFile::path(section)
-                                     : ConfigurationFile::path(section, key));
-    return save();
+    return change([&] {
+        if (!key.isEmpty()) {
+            m_values.remove(ConfigurationFile::path(section, key));
+            return;
+        }
+        const QString prefix = ConfigurationFile::prefix(section);
+        auto value = m_values.lowerBound(prefix);
+        while (value != m_values.end() && value.key().startsWith(prefix))
+            value = m_values.erase(value);
+    });
 }
 
-bool ConfigurationStore::save()
+bool ConfigurationStore::change(const std::function<void()> &apply)
 {
-    const SaveLock lock(QFileInfo(m_file).absolutePath());
-    // One that is there now was left by a killed process; QSettings would wait half a minute for it.
-    if (lock.isHeld())
-        QFile::remove(m_file + QLatin1String(".lock"));
-    m_settings->sync();
+    const QString folder = QFileInfo(m_file).absolutePath();
+    QDir().mkpath(folder);
+    const SaveLock lock(folder);
+    const bool isRead = read(); // what others have written meanwhile stays
+    apply();
     m_reload.start();
-    if (m_settings->status() == QSettings::NoError)
+    if (isRead && write())
         return true;
-    qWarning("%s: cannot be written", qUtf8Printable(m_file));
-    // The status of a QSettings never goes back to "no error".
-    m_settings = std::make_unique<QSettings>(m_file, format());
+    qWarning("%s: cannot be %s", qUtf8Printable(m_file), isRead ? "written" : "read, so it is not written");
     return false;
+}
+
+bool ConfigurationStore::read()
+{
+    const std::optional<QByteArray> bytes = contentOf(m_file);
+    if (!bytes)
+        return false;
+    const ConfigurationFile::Content content = ConfigurationFile::parse(*bytes);
+    if (content.isDamaged)
+        keepDamagedFile(*bytes);
+    m_values = content.values;
+    return true;
+}
+
+bool ConfigurationStore::write() const
+{
+    QSaveFile file(m_file);
+    return file.open(QIODevice::WriteOnly) && file.write(ConfigurationFile::toBytes(m_values)) >= 0
+        && file.commit();
 }
 
 void ConfigurationStore::watchFile()
@@ -172,33 +182,21 @@ void ConfigurationStore::watchFile()
 void ConfigurationStore::reload()
 {
     watchFile();
-    m_settings->sync();
-    keepDamagedFile();
-    const Values values = readAll();
-    if (values == m_known)
+    read();
+    if (m_values == m_announced)
         return;
-    m_known = values;
+    m_announced = m_values;
     emit changed();
 }
 
-ConfigurationStore::Values ConfigurationStore::readAll() const
+void ConfigurationStore::keepDamagedFile(const QByteArray &bytes) const
 {
-    Values values;
-    const QStringList keys = m_settings->allKeys();
-    for (const QString &key : keys)
-        values.insert(key, m_settings->value(key));
-    return values;
-}
-
-void ConfigurationStore::keepDamagedFile() const
-{
-    const QByteArray content = contentOf(m_file);
-    const QString copy = m_file + QLatin1String(".damaged");
-    if (!ConfigurationFile::parse(content).isDamaged || contentOf(copy) == content)
+    const QString name = m_file + QLatin1String(".damaged");
+    if (contentOf(name) == bytes)
         return;
-    // The next write leaves out what could not be read.
-    QFile::remove(copy);
-    QFile::copy(m_file, copy);
-    qWarning("%s: some lines make no sense and are left out; the file is kept as %s", qUtf8Printable(m_file),
-             qUtf8Printable(copy));
+    // The next write leaves out what makes no sense.
+    QSaveFile copy(name);
+    const bool isKept = copy.open(QIODevice::WriteOnly) && copy.write(bytes) >= 0 && copy.commit();
+    qWarning("%s: some lines make no sense and are left out; the file %s kept as %s", qUtf8Printable(m_file),
+             isKept ? "is" : "cannot be", qUtf8Printable(name));
 }

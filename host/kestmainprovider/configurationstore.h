@@ -3,14 +3,12 @@
 #include "kestmainprovider_global.h"
 
 #include <QtCore/QFileSystemWatcher>
-#include <QtCore/QHash>
+#include <QtCore/QMap>
 #include <QtCore/QObject>
 #include <QtCore/QTimer>
 #include <QtCore/QVariant>
 
-#include <memory>
-
-class QSettings;
+#include <functional>
 
 /// Values by section and key, kept in one file that people can read and edit (see ConfigurationFile).
 ///
@@ -41,17 +39,16 @@ signals:
     void changed();
 
 private:
-    using Values = QHash<QString, QVariant>;
-
-    bool save();
+    bool change(const std::function<void()> &apply);
+    bool read();
+    bool write() const;
     void watchFile();
     void reload();
-    Values readAll() const;
-    void keepDamagedFile() const;
+    void keepDamagedFile(const QByteArray &bytes) const;
 
     const QString m_file;
-    std::unique_ptr<QSettings> m_settings;
-    Values m_known;
+    QMap<QString, QString> m_values;
+    QMap<QString, QString> m_announced;
     QFileSystemWatcher m_watcher;
     QTimer m_reload;
 };

@@ -52,6 +52,9 @@ bool standsInside(const QString &path, const QString &directory)
 /// is one of texts; what a relative path comes to is for standsInside() to say.
 std::optional<QString> targetPath(const QString &path, const QString &directory)
 {
+    // The system ends a name at a null, so it would delete something else than was checked.
+    if (path.contains(QChar(QChar::Null)))
+        return std::nullopt;
     if (!isAbsolutePath(path))
         return resolvedPath(path);
     return isBelowAsText(path, directory) ? std::optional(path) : std::nullopt;
@@ -100,7 +103,7 @@ void KestCommandProvider::deleteDir(FunctionArguments *arguments)
 
     QDir dir(*path);
     const QString absolute = dir.absolutePath();
-    if (!isBelowAsText(absolute, base) || !standsInside(absolute, base))
+    if (!isBelowAsText(absolute, base) || !standsInside(*path, base) || !standsInside(absolute, base))
         return reportRefusal();
     dir.setPath(absolute); // what has been checked is what is deleted
 

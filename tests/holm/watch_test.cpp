@@ -52,6 +52,13 @@ TEST(HolmWatch, RunsAfreshWhenTheNewScriptParses)
         << output.toStdString();
     EXPECT_THAT(output.toStdString(), testing::HasSubstr("second\nw/widget.js:1: ReferenceError"));
 
+    // As a checkout may do it: the folder is gone for a while.
+    const QString away = holm.path(QStringLiteral("away"));
+    ASSERT_TRUE(QFile::rename(holm.path(QStringLiteral("w")), away));
+    QTest::qWait(500);
+    ASSERT_TRUE(QFile::rename(away, holm.path(QStringLiteral("w"))));
+    QTest::qWait(500);
+
     output.clear();
     holm.write(QStringLiteral("w/part.js"), "quit(5)");
     ASSERT_TRUE(process->waitForFinished());

@@ -135,7 +135,7 @@ TEST_F(ConfigurationStoreTest, SurvivesACrashInTheMiddleOfAWrite)
 
 TEST_F(ConfigurationStoreTest, TwoProcessesWriteAtOnce)
 {
-    constexpr int writes = 40;
+    constexpr int writes = 400;
     const auto writeAll = [this](const char *section) {
         ConfigurationStore store(m_file);
         for (int i = 0; i < writes; ++i)
