@@ -11,7 +11,6 @@
 
 #include <QtCore/QLibraryInfo>
 #include <QtCore/QLocale>
-#include <QtCore/QTranslator>
 #include <QtWidgets/QApplication>
 
 #include <iostream>
@@ -64,12 +63,9 @@ int runWidget(int &argc, char **argv, const RunOptions &options)
     QApplication::setStyle(QStringLiteral("fusion"));
     QApplication qtApplication(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
-    QTranslator standardTexts;
-    if (standardTexts.load(QLocale(), QStringLiteral("qtbase"), QStringLiteral("_"),
-                           QLibraryInfo::location(QLibraryInfo::TranslationsPath)))
-        QApplication::installTranslator(&standardTexts);
-
     Application application(options.applicationDirectory, options.vga);
+    application.loadTranslation(QLibraryInfo::location(QLibraryInfo::TranslationsPath)
+                                + QLatin1String("/qtbase_"));
     KestMainProvider ownProvider(device.path() + QLatin1String("/config.ini"));
     std::optional<UnattendedDialogs> unattendedDialogs;
     if (options.unattended)

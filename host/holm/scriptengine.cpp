@@ -86,6 +86,14 @@ void tell(const QString &line)
 
 } // namespace
 
+QScriptValueList argumentsOf(const QScriptContext *context, int first)
+{
+    QScriptValueList arguments;
+    for (int i = first; i < context->argumentCount(); ++i)
+        arguments.append(context->argument(i));
+    return arguments;
+}
+
 ScriptEngine::ScriptEngine(QObject *parent)
     : QScriptEngine(parent)
 {

@@ -2,6 +2,9 @@
 
 #include <QtScript/QScriptEngine>
 
+/// The arguments of a native function's call, from the one at @p first on.
+QScriptValueList argumentsOf(const QScriptContext *context, int first = 0);
+
 /// The script engine of a run, with the reporting of errors and the way to end a run from a script.
 ///
 /// Errors go to standard error as "file:line: message", followed by the stack.

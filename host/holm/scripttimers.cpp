@@ -46,9 +46,7 @@ QScriptValue ScriptTimers::start(QScriptContext *context, bool repeats)
         return context->throwError(QScriptContext::TypeError,
                                    QLatin1String(repeats ? "setInterval" : "setTimeout")
                                        + QLatin1String(": the first argument must be a function"));
-    Timer timer{std::make_unique<QTimer>(), context->argument(0), {}};
-    for (int i = 2; i < context->argumentCount(); ++i)
-        timer.arguments.append(context->argument(i));
+    Timer timer{std::make_unique<QTimer>(), context->argument(0), argumentsOf(context, 2)};
     const int id = ++m_lastId;
     connect(timer.clock.get(), &QTimer::timeout, this, [this, id] { due(id); });
     timer.clock->setTimerType(Qt::PreciseTimer);

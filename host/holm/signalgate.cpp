@@ -1,7 +1,6 @@
 #include "signalgate.h"
 
-#include "callqueue.h"
-#include "scriptengine.h"
+#include "application.h"
 
 #include <QtScript/QScriptContext>
 
@@ -11,19 +10,19 @@ const QScriptValue::PropertyFlags hidden =
     QScriptValue::ReadOnly | QScriptValue::Undeletable | QScriptValue::SkipInEnumeration;
 } // namespace
 
-SignalGate::SignalGate(ScriptEngine &engine, CallQueue &calls)
-    : m_engine(engine)
-    , m_calls(calls)
+SignalGate::SignalGate(Application &application)
+    : m_application(application)
 {
 }
 
 void SignalGate::install()
 {
     // Signals, like all native functions, inherit both from here.
+    ScriptEngine &engine = m_application.engine();
     QScriptValue prototype =
-        m_engine.globalObject().property(QStringLiteral("Function")).property(QStringLiteral("prototype"));
+        engine.globalObject().property(QStringLiteral("Function")).property(QStringLiteral("prototype"));
     for (const QString &name : {QStringLiteral("connect"), QStringLiteral("disconnect")}) {
-        QScriptValue replacement = m_engine.newFunction(connectOrDisconnect, this);
+        QScriptValue replacement = engine.newFunction(connectOrDisconnect, this);
         replacement.setData(prototype.property(name));
         prototype.setProperty(name, replacement, QScriptValue::SkipInEnumeration);
     }
@@ -32,9 +31,7 @@ void SignalGate::install()
 QScriptValue SignalGate::connectOrDisconnect(QScriptContext *context, QScriptEngine *, void *gate)
 {
     // signal.connect(function), or signal.connect(receiver, function or name)
-    QScriptValueList arguments;
-    for (int i = 0; i < context->argumentCount(); ++i)
-        arguments.append(context->argument(i));
+    QScriptValueList arguments = argumentsOf(context);
     if (!arguments.isEmpty()) {
         QScriptValue &last = arguments.last();
         if (last.isString())
@@ -50,7 +47,7 @@ QScriptValue SignalGate::gated(QScriptValue function)
     const QScriptValue known = function.property(gatedFunction, QScriptValue::ResolveLocal);
     if (known.isValid())
         return known;
-    QScriptValue forwarder = m_engine.newFunction(forward, this);
+    QScriptValue forwarder = m_application.engine().newFunction(forward, this);
     forwarder.setData(function);
     function.setProperty(gatedFunction, forwarder, hidden);
     return forwarder;
@@ -58,16 +55,7 @@ QScriptValue SignalGate::gated(QScriptValue function)
 
 QScriptValue SignalGate::forward(QScriptContext *context, QScriptEngine *, void *gate)
 {
-    auto &self = *static_cast<SignalGate *>(gate);
-    QScriptValueList arguments;
-    for (int i = 0; i < context->argumentCount(); ++i)
-        arguments.append(context->argument(i));
-    const auto task = [&engine = self.m_engine, receiver = context->thisObject(),
-                       function = context->callee().data(),
-                       arguments] { engine.call(receiver, function, arguments, true); };
-    if (self.m_calls.isPartOfCall())
-        task();
-    else
-        self.m_calls.deliver(task);
-    return QScriptValue();
+    Application &application = static_cast<SignalGate *>(gate)->m_application;
+    return application.callFunction(context->thisObject(), context->callee().data(), argumentsOf(context),
+                                    true);
 }

@@ -2,10 +2,9 @@
 
 #include <QtScript/QScriptValue>
 
-class CallQueue;
+class Application;
 class QScriptContext;
 class QScriptEngine;
-class ScriptEngine;
 
 /// Makes script functions that are connected to signals of QObjects keep the order of script calls.
 ///
@@ -15,8 +14,8 @@ class ScriptEngine;
 class SignalGate
 {
 public:
-    /// Both must outlive the engine's last call.
-    SignalGate(ScriptEngine &engine, CallQueue &calls);
+    /// Must live until the application's last script call.
+    explicit SignalGate(Application &application);
 
     void install();
 
@@ -25,6 +24,5 @@ private:
     static QScriptValue forward(QScriptContext *context, QScriptEngine *engine, void *gate);
     QScriptValue gated(QScriptValue function);
 
-    ScriptEngine &m_engine;
-    CallQueue &m_calls;
+    Application &m_application;
 };

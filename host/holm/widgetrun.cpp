@@ -28,7 +28,7 @@ WidgetRun::WidgetRun(Application &application, const RunOptions &options)
     : m_application(application)
     , m_options(options)
     , m_timers(application.engine(), application.calls())
-    , m_signals(application.engine(), application.calls())
+    , m_signals(application)
 {
     connect(&application.engine(), &ScriptEngine::quitRequested, this, &WidgetRun::end);
     connect(&application.calls(), &CallQueue::idle, this, &WidgetRun::endIfNothingIsGoingOn);
@@ -181,8 +181,8 @@ bool WidgetRun::saveScreenshot() const
 QScriptValue WidgetRun::print(QScriptContext *context, QScriptEngine *)
 {
     QStringList words;
-    for (int i = 0; i < context->argumentCount(); ++i)
-        words.append(context->argument(i).toString());
+    for (const QScriptValue &argument : argumentsOf(context))
+        words.append(argument.toString());
     std::cout << words.join(QLatin1Char(' ')).toStdString() << std::endl;
     return QScriptValue();
 }

@@ -10,6 +10,7 @@
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 
+#include <algorithm>
 #include <optional>
 
 namespace {
@@ -21,7 +22,7 @@ bool isBelowAsText(const QString &path, const QString &directory)
 
 QString parentPath(const QString &path)
 {
-    return path.left(path.lastIndexOf(QLatin1Char('/')));
+    return path.left(std::max(path.lastIndexOf(QLatin1Char('/')), 0));
 }
 
 /// @p path with every link and ".." followed; of one that does not exist, as far as it does.
