@@ -4,7 +4,15 @@
 
 namespace platform {
 
+class Bluetooth;
+class ConnectionManager;
+class DevicePower;
+class MessageBox;
+class Registry;
 class Shell;
+class SoundSettings;
+class TopLevelWindows;
+class Wireless;
 
 /// The services of one operating system. Plain C++17; texts are UTF-16, failures are values.
 ///
@@ -15,10 +23,18 @@ public:
     virtual ~Platform() = default;
 
     virtual Shell &shell() = 0;
+    virtual Registry &registry() = 0;
+    virtual MessageBox &messageBox() = 0;
+    virtual TopLevelWindows &windows() = 0;
+    virtual Wireless &wireless() = 0;
+    virtual Bluetooth &bluetooth() = 0;
+    virtual DevicePower &power() = 0;
+    virtual SoundSettings &sound() = 0;
+    virtual ConnectionManager &connections() = 0;
 };
 
 /// The platform in force: the one installed last, else the back end that this build is for, made on
-/// first use. GUI thread only.
+/// first use. Called on the GUI thread, or after a first call there.
 Platform &current();
 
 /// Puts @p platform in force, or with null the build's own back end again. The one before is destroyed.

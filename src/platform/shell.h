@@ -38,8 +38,9 @@ public:
     /// it (ShellExecuteEx), and does not wait for it. False if nothing was started.
     virtual bool execute(const ShellExecution &execution) = 0;
 
-    /// The absolute path of a special folder, without a closing separator; nothing if the system has
-    /// no such folder. With @p create a missing folder is made (SHGetSpecialFolderPath).
+    /// The absolute path of a special folder on the device, as exists(), execute() and localPath() take it,
+    /// without a closing separator; nothing if the system has no such folder. With @p create a missing
+    /// folder is made (SHGetSpecialFolderPath).
     virtual std::optional<std::u16string> specialFolder(SpecialFolder folder, bool create) = 0;
 
     /// Whether a file or folder of that absolute path exists on the device.

@@ -128,8 +128,8 @@ TEST_F(DesktopShellTest, FindsTheDevicesOwnFolders)
     const auto inDevice = [this](const char *path) {
         return QString(m_device + QLatin1String(path)).toStdU16String();
     };
-    EXPECT_EQ(m_shell.specialFolder(SpecialFolder::Programs, false), inDevice("/Programs"));
-    EXPECT_EQ(m_shell.specialFolder(SpecialFolder::ProgramFiles, false), inDevice("/Program Files"));
+    EXPECT_EQ(m_shell.specialFolder(SpecialFolder::Programs, false), u"/Programs");
+    EXPECT_EQ(m_shell.specialFolder(SpecialFolder::ProgramFiles, false), u"/Program Files");
     EXPECT_TRUE(m_shell.exists(u"\\windows\\BARE.EXE"));
     EXPECT_FALSE(m_shell.exists(u"\\windows\\other.exe"));
 

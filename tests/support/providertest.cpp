@@ -5,8 +5,6 @@
 #include <QtCore/QFileInfo>
 #include <QtWidgets/QMessageBox>
 
-#include <algorithm>
-
 void RecordingApplication::registerFunction(IProvider *provider, const QString &name, bool interactive,
                                             bool returnsValue, int index)
 {
@@ -23,30 +21,6 @@ IProvider *RecordingApplication::provider(const QString &name) const
 void RecordingApplication::loadTranslation(const QString &basePath)
 {
     calls.append(QLatin1String("loadTranslation ") + basePath);
-}
-
-bool FakeShell::execute(const platform::ShellExecution &execution)
-{
-    executions.push_back(execution);
-    return false; // which launching must not mind
-}
-
-std::optional<std::u16string> FakeShell::specialFolder(platform::SpecialFolder folder, bool create)
-{
-    askedFolders.append(QStringLiteral("%1 %2").arg(static_cast<int>(folder)).arg(create));
-    return std::nullopt;
-}
-
-bool FakeShell::exists(const std::u16string &)
-{
-    return false;
-}
-
-std::u16string FakeShell::localPath(const std::u16string &path)
-{
-    std::u16string local = path;
-    std::replace(local.begin(), local.end(), u'\\', u'/');
-    return local;
 }
 
 class ProviderTest::MessageReader : public QObject
@@ -67,26 +41,16 @@ public:
     QStringList messages;
 };
 
-namespace {
-class FakePlatform : public platform::Platform
-{
-public:
-    platform::Shell &shell() override { return m_shell; }
-
-private:
-    FakeShell m_shell;
-};
-} // namespace
-
 ProviderTest::ProviderTest()
-    : m_shell(nullptr)
+    : m_platform(new FakePlatform(m_dir.filePath(QStringLiteral("device"))))
+    , m_platformInForce(std::unique_ptr<platform::Platform>(m_platform))
+    , m_shell(&m_platform->fakeShell)
     , m_application(m_dir.filePath(QStringLiteral("app")), false)
     , m_store(m_dir.filePath(QStringLiteral("config.ini")))
     , m_reader(std::make_unique<MessageReader>())
 {
-    platform::install(std::make_unique<FakePlatform>());
-    m_shell = static_cast<FakeShell *>(&platform::current().shell());
     QDir(m_dir.path()).mkdir(QStringLiteral("app"));
+    QDir(m_dir.path()).mkdir(QStringLiteral("device"));
     m_application.addProvider(&m_store);
     m_provider.InitializeScript(&m_application);
     m_provider.BeginInitialize();
@@ -96,7 +60,6 @@ ProviderTest::ProviderTest()
 ProviderTest::~ProviderTest()
 {
     m_provider.Unload();
-    platform::install(nullptr);
 }
 
 QString ProviderTest::run(QString script)

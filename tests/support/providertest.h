@@ -1,9 +1,8 @@
 #pragma once
 
+#include "fakeplatform.h"
 #include "holm/application.h"
 #include "kestmainprovider/kestmainprovider.h"
-#include "platform/platform.h"
-#include "platform/shell.h"
 #include "provider/kestcommandprovider.h"
 
 #include <QtCore/QTemporaryDir>
@@ -34,18 +33,6 @@ public:
     mutable QStringList calls;
 };
 
-class FakeShell : public platform::Shell
-{
-public:
-    bool execute(const platform::ShellExecution &execution) override;
-    std::optional<std::u16string> specialFolder(platform::SpecialFolder folder, bool create) override;
-    bool exists(const std::u16string &path) override;
-    std::u16string localPath(const std::u16string &path) override;
-
-    std::vector<platform::ShellExecution> executions;
-    QStringList askedFolders;
-};
-
 /// A started provider in an application directory of its own, and a script engine to call it from.
 ///
 /// Scripts find "cb", a callback that keeps its arguments in "results".
@@ -66,6 +53,8 @@ protected:
     QStringList takeMessages();
 
     QTemporaryDir m_dir;
+    FakePlatform *m_platform; ///< owned by the platform layer, where it is in force
+    PlatformInForce m_platformInForce; ///< longer than the provider lives
     FakeShell *m_shell;
     RecordingApplication m_application;
     KestMainProvider m_store;

@@ -2,15 +2,63 @@
 
 namespace platform {
 
-DesktopPlatform::DesktopPlatform()
-    : m_device(DeviceFolder::current())
-    , m_shell(m_device)
+DesktopPlatform::DesktopPlatform(const DeviceFolder &device)
+    : m_shell(device)
+    , m_store(device)
+    , m_registry(device, m_store)
+    , m_hardware(m_store)
+    , m_windows(device)
+    , m_wireless(m_hardware)
+    , m_bluetooth(m_hardware)
+    , m_power(m_hardware)
+    , m_sound(m_hardware)
+    , m_connections(m_hardware)
 {
 }
 
 Shell &DesktopPlatform::shell()
 {
     return m_shell;
+}
+
+Registry &DesktopPlatform::registry()
+{
+    return m_registry;
+}
+
+MessageBox &DesktopPlatform::messageBox()
+{
+    return m_messageBox;
+}
+
+TopLevelWindows &DesktopPlatform::windows()
+{
+    return m_windows;
+}
+
+Wireless &DesktopPlatform::wireless()
+{
+    return m_wireless;
+}
+
+Bluetooth &DesktopPlatform::bluetooth()
+{
+    return m_bluetooth;
+}
+
+DevicePower &DesktopPlatform::power()
+{
+    return m_power;
+}
+
+SoundSettings &DesktopPlatform::sound()
+{
+    return m_sound;
+}
+
+ConnectionManager &DesktopPlatform::connections()
+{
+    return m_connections;
 }
 
 } // namespace platform

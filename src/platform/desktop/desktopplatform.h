@@ -1,22 +1,47 @@
 #pragma once
 
+#include "platform/desktop/desktopconnections.h"
+#include "platform/desktop/desktopmessagebox.h"
+#include "platform/desktop/desktopregistry.h"
 #include "platform/desktop/desktopshell.h"
+#include "platform/desktop/desktopsound.h"
+#include "platform/desktop/desktopwindows.h"
+#include "platform/desktop/desktopwireless.h"
 #include "platform/desktop/devicefolder.h"
+#include "platform/desktop/hardwarestate.h"
+#include "platform/desktop/registrystore.h"
 #include "platform/platform.h"
 
 namespace platform {
 
-/// The back end for a Linux desktop: a simulated handheld kept in DeviceFolder::current().
+/// The back end for a Linux desktop: a simulated handheld kept in one folder.
 class DesktopPlatform : public Platform
 {
 public:
-    DesktopPlatform();
+    explicit DesktopPlatform(const DeviceFolder &device = DeviceFolder::current());
 
     Shell &shell() override;
+    Registry &registry() override;
+    MessageBox &messageBox() override;
+    TopLevelWindows &windows() override;
+    Wireless &wireless() override;
+    Bluetooth &bluetooth() override;
+    DevicePower &power() override;
+    SoundSettings &sound() override;
+    ConnectionManager &connections() override;
 
 private:
-    const DeviceFolder m_device;
     DesktopShell m_shell;
+    RegistryStore m_store;
+    DesktopRegistry m_registry;
+    HardwareState m_hardware;
+    DesktopMessageBox m_messageBox;
+    DesktopWindows m_windows;
+    DesktopWireless m_wireless;
+    DesktopBluetooth m_bluetooth;
+    DesktopPower m_power;
+    DesktopSound m_sound;
+    DesktopConnections m_connections;
 };
 
 } // namespace platform

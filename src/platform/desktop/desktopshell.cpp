@@ -49,10 +49,10 @@ bool DesktopShell::execute(const ShellExecution &execution)
 
 std::optional<std::u16string> DesktopShell::specialFolder(SpecialFolder folder, bool create)
 {
-    const QLatin1String name(folder == SpecialFolder::Programs ? "/Programs" : "/Program Files");
-    const QString path = m_device.path() + name;
+    const QString path =
+        folder == SpecialFolder::Programs ? QStringLiteral("/Programs") : QStringLiteral("/Program Files");
     if (create)
-        QDir().mkpath(path);
+        QDir().mkpath(m_device.localPath(path));
     return path.toStdU16String();
 }
 

@@ -29,6 +29,13 @@ const SampleFile sampleFiles[] = {
      "widgets see them under \\My Documents.\n"},
     {"My Documents/Shopping.txt", "Bread\nCheese\nApples\n"},
     {"Program Files/Hello/hello.exe", "#!/bin/sh\necho \"Hello from the handheld: $*\"\n", true},
+    {"Program Files/S2P/s2p.exe",
+     "#!/bin/sh\n"
+     "# Plays the music player of the handheld in whose folder this file is.\n"
+     "cd \"$(dirname \"$0\")/../..\" || exit\n"
+     "command -v \"${HOLM:=holm}\" >/dev/null || { echo \"holm is not on the search path\" >&2; exit 127; }\n"
+     "exec \"$HOLM\" s2p --device \"$PWD\" >/dev/null 2>&1 </dev/null\n",
+     true},
     {"Programs/Hello.lnk", "48#\"\\Program Files\\Hello\\hello.exe\" from a shortcut\r\n"},
 };
 
