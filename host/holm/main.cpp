@@ -1,11 +1,17 @@
+#include "commandoptions.h"
+#include "devicecommands.h"
 #include "exitstatus.h"
+#include "regcommand.h"
 #include "runcommand.h"
 #include "runoptions.h"
+#include "s2pcommand.h"
 #include "watchcommand.h"
 
 #include <QtCore/QCoreApplication>
 
+#include <algorithm>
 #include <iostream>
+#include <iterator>
 
 namespace {
 
@@ -13,7 +19,14 @@ const char helpText[] = "Usage: holm COMMAND ...\n"
                         "\n"
                         "A desktop host for widgets, with a simulated handheld to run them on.\n"
                         "\n"
-                        "  holm run [options] WIDGET [ARG...]   run a widget; see holm run --help\n"
+                        "  holm run [options] WIDGET [ARG...]   run a widget\n"
+                        "  holm reg ACTION ...                  show and change the handheld's registry\n"
+                        "  holm radio [NAME [STATE]]            show and switch its radios\n"
+                        "  holm sound [PROFILE]                 show and set its sound profile\n"
+                        "  holm network [up|down]               show and switch its data connection\n"
+                        "  holm s2p                             be its music player\n"
+                        "\n"
+                        "  holm COMMAND --help                  tell more about a command\n"
                         "  holm --version\n"
                         "  holm --help\n";
 
@@ -40,7 +53,7 @@ QStringList toTexts(int argc, char **argv)
     return texts;
 }
 
-int run(char **argv, QStringList commandLine)
+int run(int &argc, char **argv, const QStringList &commandLine)
 {
     const RunOptions options = RunOptions::parse(commandLine);
     if (options.help) {
@@ -51,30 +64,48 @@ int run(char **argv, QStringList commandLine)
         std::cerr << "holm: " << options.error.toStdString() << std::endl;
         return ExitStatus::cannotStart;
     }
-    // Qt takes its own options out of a command line, and would take those of the widget.
-    int argc = 1;
     if (!options.watch)
         return runWidget(argc, argv, options);
 
     const QCoreApplication application(argc, argv);
-    commandLine.removeAll(QStringLiteral("--watch"));
-    WatchCommand watch(options, QStringList(QStringLiteral("run")) + commandLine);
+    QStringList once = commandLine;
+    once.removeAll(QStringLiteral("--watch"));
+    WatchCommand watch(options, QStringList(QStringLiteral("run")) + once);
     return watch.execute();
 }
 
-} // namespace
-
-int main(int argc, char **argv)
+/// A command by its name. @p commandLine is what follows it.
+struct Command
 {
-    QCoreApplication::setOrganizationName(QStringLiteral("holm"));
-    QCoreApplication::setApplicationName(QStringLiteral("holm"));
-    QCoreApplication::setApplicationVersion(QStringLiteral(HOLM_VERSION));
-    qInstallMessageHandler(tellMessage);
+    QLatin1String name;
+    int (*execute)(int &argc, char **argv, const QStringList &commandLine);
+};
 
-    const QStringList commandLine = toTexts(argc, argv);
+template <int (*execute)(const QStringList &commandLine)>
+int withoutQt(int &, char **, const QStringList &commandLine)
+{
+    return execute(commandLine);
+}
+
+const Command commands[] = {
+    {QLatin1String("run"), run},
+    {QLatin1String("reg"), withoutQt<regCommand>},
+    {QLatin1String("radio"), withoutQt<radioCommand>},
+    {QLatin1String("sound"), withoutQt<soundCommand>},
+    {QLatin1String("network"), withoutQt<networkCommand>},
+    {QLatin1String("s2p"), s2pCommand},
+};
+
+int execute(const QStringList &commandLine, char **argv)
+{
     const QString command = commandLine.value(1);
-    if (command == QLatin1String("run"))
-        return run(argv, commandLine.mid(2));
+    const auto *found = std::find_if(std::begin(commands), std::end(commands),
+                                     [&command](const Command &entry) { return entry.name == command; });
+    if (found != std::end(commands)) {
+        // Qt takes its own options out of a command line, and would take those of a widget.
+        int onlyProgram = 1;
+        return found->execute(onlyProgram, argv, commandLine.mid(2));
+    }
     if (command == QLatin1String("--help") || command == QLatin1String("-h")) {
         std::cout << helpText;
         return ExitStatus::ok;
@@ -88,4 +119,22 @@ int main(int argc, char **argv)
                                     : "there is no command \"" + command.toStdString() + '"')
               << "; see holm --help" << std::endl;
     return ExitStatus::cannotStart;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QCoreApplication::setOrganizationName(QStringLiteral("holm"));
+    QCoreApplication::setApplicationName(QStringLiteral("holm"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(HOLM_VERSION));
+    qInstallMessageHandler(tellMessage);
+
+    const QStringList commandLine = toTexts(argc, argv);
+    const int status = execute(commandLine, argv);
+    // What a widget prints is its own affair.
+    const bool isRun = commandLine.value(1) == QLatin1String("run");
+    if (status != ExitStatus::ok || isRun || std::cout.flush())
+        return status;
+    return tellFailure(QStringLiteral("the output cannot be written"));
 }

@@ -9,6 +9,8 @@
 #include <kestmainprovider/kestmainprovider.h>
 #include <platform/desktop/devicefolder.h>
 
+#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
 #include <QtCore/QLibraryInfo>
 #include <QtCore/QLocale>
 #include <QtWidgets/QApplication>
@@ -36,6 +38,8 @@ void prepareEnvironment(const RunOptions &options)
     // As fonts are measured in points, they double with the rest.
     if (options.vga)
         qputenv("QT_FONT_DPI", "192");
+    // For programs that a widget starts, such as the sample music player.
+    qputenv("HOLM", QFile::encodeName(QFileInfo(QStringLiteral("/proc/self/exe")).canonicalFilePath()));
     // For the plug-in, and for programs that a widget starts.
     if (!options.device.isEmpty())
         qputenv(platform::DeviceFolder::environmentVariable,

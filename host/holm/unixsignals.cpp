@@ -5,7 +5,6 @@
 #include <QtCore/QSocketNotifier>
 
 #include <cerrno>
-#include <csignal>
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -44,21 +43,33 @@ UnixSignals::UnixSignals(QObject *parent)
     writeEnd = m_pipe[1];
     auto *notifier = new QSocketNotifier(m_pipe[0], QSocketNotifier::Read, this);
     connect(notifier, &QSocketNotifier::activated, this, &UnixSignals::read);
-    std::signal(SIGINT, remember);
-    std::signal(SIGTERM, remember);
-    std::signal(SIGALRM, endAtOnce);
+    for (const int number : {SIGINT, SIGTERM, SIGHUP})
+        handle(number, remember);
+    handle(SIGALRM, endAtOnce);
 }
 
 UnixSignals::~UnixSignals()
 {
-    std::signal(SIGINT, SIG_DFL);
-    std::signal(SIGTERM, SIG_DFL);
-    alarm(0);
-    std::signal(SIGALRM, SIG_DFL);
+    for (const auto &[number, before] : m_before) {
+        alarm(0); // which the signals that are yet to be given back may have set
+        sigaction(number, &before, nullptr);
+    }
     for (const int end : m_pipe) {
         if (end >= 0)
             close(end);
     }
+}
+
+void UnixSignals::handle(int number, void (*handler)(int))
+{
+    struct sigaction before = {};
+    struct sigaction now = {};
+    now.sa_handler = handler;
+    now.sa_flags = SA_RESTART;
+    if (sigaction(number, nullptr, &before) != 0 || (before.sa_handler == SIG_IGN && number != SIGALRM))
+        return;
+    sigaction(number, &now, nullptr);
+    m_before.emplace_back(number, before);
 }
 
 void UnixSignals::read()

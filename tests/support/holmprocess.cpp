@@ -22,7 +22,12 @@ QString HolmProcess::path(const QString &name) const
 
 HolmResult HolmProcess::run(const QStringList &arguments) const
 {
-    const std::unique_ptr<QProcess> process = prepare(arguments);
+    return command(QStringList(QStringLiteral("run")) + arguments);
+}
+
+HolmResult HolmProcess::command(const QStringList &commandLine) const
+{
+    const std::unique_ptr<QProcess> process = prepareCommand(commandLine);
     process->start();
     EXPECT_TRUE(process->waitForFinished()) << "holm does not end";
     return {process->exitStatus() == QProcess::NormalExit ? process->exitCode() : -1,
@@ -32,6 +37,11 @@ HolmResult HolmProcess::run(const QStringList &arguments) const
 
 std::unique_ptr<QProcess> HolmProcess::prepare(const QStringList &arguments) const
 {
+    return prepareCommand(QStringList(QStringLiteral("run")) + arguments);
+}
+
+std::unique_ptr<QProcess> HolmProcess::prepareCommand(const QStringList &commandLine) const
+{
     auto process = std::make_unique<QProcess>();
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("HOLM_DEVICE"), path(QStringLiteral("device")));
@@ -39,6 +49,6 @@ std::unique_ptr<QProcess> HolmProcess::prepare(const QStringList &arguments) con
     process->setProcessEnvironment(environment);
     process->setWorkingDirectory(m_dir.path());
     process->setProgram(QStringLiteral(HOLM_PROGRAM));
-    process->setArguments(QStringList(QStringLiteral("run")) + arguments);
+    process->setArguments(commandLine);
     return process;
 }

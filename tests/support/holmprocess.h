@@ -25,8 +25,14 @@ public:
     /// Runs "holm run" on the folder's device and waits for its end.
     HolmResult run(const QStringList &arguments) const;
 
-    /// A process set up like that, not yet started.
+    /// Runs holm with a whole command line.
+    HolmResult command(const QStringList &commandLine) const;
+
+    /// A process set up for "holm run", not yet started.
     std::unique_ptr<QProcess> prepare(const QStringList &arguments) const;
+
+    /// The same for a whole command line.
+    std::unique_ptr<QProcess> prepareCommand(const QStringList &commandLine) const;
 
 private:
     QTemporaryDir m_dir;
