@@ -34,16 +34,16 @@ declare function deleteConfig(section: string, key: string): void;
 
 // registry/
 
-/** Not available yet. Reads a registry value: a text, a number, or undefined if there is no such key. No callback if there is no such value. */
+/** Reads a registry value: a text, a number, or undefined if there is no such key. No callback if the key has no such value, or one of another type. An empty path is ignored. */
 declare function readReg<T>(path: string, thisObject: T, callback: (this: T, value: string | number | undefined) => void): void;
 
-/** Not available yet. Writes a registry value in an existing key: a text, or a number (whole, 32 bits). */
+/** Writes a registry value: a text, or a number, of which the whole 32 bits are kept. A missing key is not made: nothing is written then. An empty path is ignored. */
 declare function writeReg(path: string, value: string | number): void;
 
-/** Not available yet. Calls back whenever a registry value changes. The object is a QObject, such as widget. */
+/** Calls back whenever a registry value changes, until it is undone. The object is a QObject: widget or a part of it. "before" is always the value when watching began, a text with "\u0000" at its end; "now" is undefined if the value was deleted. The key has to exist. */
 declare function regEventSuscribe<T extends object>(object: T, callback: (this: T, path: string, before: string | number | undefined, now: string | number | undefined) => void, path: string): void;
 
-/** Not available yet. Undoes one regEventSuscribe. */
+/** Undoes the latest regEventSuscribe of the object with this path; not to be called more often than that. */
 declare function regEventUnSuscribe(object: object, path: string): void;
 
 // dialogs/
@@ -67,25 +67,25 @@ declare function selectContact<T extends object>(thisObject: T, callback: (this:
 
 // device/
 
-/** Not available yet. Drives the music player S2P; "play" and "pause" start it if need be. */
+/** Drives the music player S2P. "play" and "pause" are the same: each starts S2P if it does not run, and else changes from one to the other. */
 declare function s2pCommand(command: "play" | "pause" | "next" | "prev"): void;
 
-/** Not available yet. What the music player S2P does; texts are empty if it never ran. */
+/** What the music player S2P plays; false and empty texts if it never ran. */
 declare function s2pStatus<T extends object>(thisObject: T, callback: (this: T, playing: boolean, title: string, album: string) => void): void;
 
-/** Not available yet. Whether a radio is on; a discoverable Bluetooth radio counts as off. */
+/** Whether a radio is on; a discoverable Bluetooth radio counts as off. A message box and false if there is no such radio. */
 declare function getRadioStatus<T extends object>(radio: "bluetooth" | "wifi" | "phone", thisObject: T, callback: (this: T, on: boolean) => void): void;
 
-/** Not available yet. Switches a radio on or off. */
+/** Switches a radio on or off. A message box if it is so already, or if there is no such radio. */
 declare function setRadioStatus(radio: "bluetooth" | "wifi" | "phone", on: boolean): void;
 
-/** Not available yet. Makes the Bluetooth radio discoverable. */
-declare function setBluetoothDiscoverable(): void;
+/** Makes the Bluetooth radio discoverable; arguments are ignored. */
+declare function setBluetoothDiscoverable(...ignored: unknown[]): void;
 
-/** Not available yet. The sound profile. thisObject is a QObject, such as widget. */
+/** The sound profile. thisObject is a QObject: widget or a part of it. */
 declare function getSoundProfile<T extends object>(thisObject: T, callback: (this: T, profile: "on" | "vibrate" | "off") => void): void;
 
-/** Not available yet. Sets the sound profile. */
+/** Sets the sound profile. Any other text counts as "on". */
 declare function setSoundProfile(profile: "on" | "vibrate" | "off"): void;
 
 // network/

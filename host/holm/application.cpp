@@ -145,14 +145,16 @@ QScriptValue Application::nullValue()
 
 void Application::fireEvent(const QString &event, const QScriptValueList &arguments)
 {
-    m_calls.deliver([this, event, arguments] { deliverEvent(event, arguments); });
+    // An event that has to wait for the call in progress is none of the business of who is bound meanwhile.
+    const int lastBinding = m_bindings.lastId();
+    m_calls.deliver([this, event, arguments, lastBinding] { deliverEvent(event, arguments, lastBinding); });
 }
 
-void Application::deliverEvent(const QString &event, const QScriptValueList &arguments)
+void Application::deliverEvent(const QString &event, const QScriptValueList &arguments, int lastBinding)
 {
     for (const EventBindings::Binding &binding : m_bindings.of(event)) {
         // One handler may have removed another's binding.
-        if (m_bindings.contains(binding.id))
+        if (binding.id <= lastBinding && m_bindings.contains(binding.id))
             m_engine.call(binding.object, binding.function, arguments, true);
     }
 }

@@ -60,7 +60,7 @@ private:
     };
 
     static QScriptValue callProvider(QScriptContext *context, QScriptEngine *engine, void *published);
-    void deliverEvent(const QString &event, const QScriptValueList &arguments);
+    void deliverEvent(const QString &event, const QScriptValueList &arguments, int lastBinding);
 
     const QString m_path;
     const bool m_vga;

@@ -47,6 +47,11 @@ bool EventBindings::contains(int id) const
                        [id](const Binding &binding) { return binding.id == id; });
 }
 
+int EventBindings::lastId() const
+{
+    return m_lastId;
+}
+
 bool EventBindings::isEmpty() const
 {
     return m_bindings.empty();

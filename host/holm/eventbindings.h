@@ -27,6 +27,10 @@ public:
     std::vector<Binding> of(const QString &event);
 
     bool contains(int id) const;
+
+    /// The identifier of the binding made last. Later ones are larger.
+    int lastId() const;
+
     bool isEmpty() const;
 
 private:

@@ -3,6 +3,7 @@
 #include "kestmainprovider/kestmainprovider.h"
 #include "orvanecore/iapplication.h"
 #include "programs/programsmenu.h"
+#include "registry/registrymonitor.h"
 
 KestCommandProvider *KestCommandProvider::_instance = nullptr;
 
@@ -13,6 +14,8 @@ KestCommandProvider::KestCommandProvider()
 
 KestCommandProvider::~KestCommandProvider()
 {
+    for (const auto &watched : registryMonitors)
+        watched.second->monitor->stop();
     if (_instance == this)
         _instance = nullptr;
 }

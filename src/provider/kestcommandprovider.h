@@ -2,13 +2,14 @@
 
 #include <orvanecore/iprovider.h>
 
-#include <QtCore/QHash>
 #include <QtCore/QMutex>
 #include <QtCore/QVariant>
 
 #include <memory>
+#include <unordered_map>
 
-#include "device/radiosupport.h"
+#include "device/radiomanager.h"
+#include "device/s2pcontrol.h"
 
 class KestMainProvider;
 class NetworkThread;
@@ -142,8 +143,9 @@ private:
     static KestCommandProvider *_instance;
 
     IApplication *m_application = nullptr;
-    RadioSupport m_radios;
-    QHash<QString, RegistrySubscription *> registryMonitors;
+    RadioManager m_radios;
+    S2pControl m_s2p;
+    std::unordered_map<QString, std::unique_ptr<RegistrySubscription>> registryMonitors; ///< by path
     QMutex m_registryMutex;
     QMutex m_poomMutex;
     QObject *configProvider = nullptr;

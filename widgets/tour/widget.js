@@ -4,9 +4,11 @@ include("welcome.js");
 include("configuration.js");
 include("files.js");
 include("launching.js");
+include("registry.js");
+include("device.js");
 
 // In the order of the page chooser.
-var tourPages = [welcomePage, configurationPage, filesPage, launchingPage];
+var tourPages = [welcomePage, configurationPage, filesPage, launchingPage, registryPage, devicePage];
 
 /** @param {number} index */
 function showPage(index) {
@@ -34,7 +36,7 @@ if (args[0] === "--once") {
     showPage(index);
     page.tryOut();
   });
-  showPage(tourPages.indexOf(filesPage));
+  showPage(tourPages.indexOf(devicePage));
   // After the page has been painted, for a screenshot.
   setTimeout(quit, 0, 0);
 }

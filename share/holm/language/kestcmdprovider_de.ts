@@ -15,5 +15,33 @@
         <source>Error</source>
         <translation>Fehler</translation>
     </message>
+    <message>
+        <source>Device not detected</source>
+        <translation>Gerät nicht gefunden</translation>
+    </message>
+    <message>
+        <source>null device</source>
+        <translation>kein Gerät</translation>
+    </message>
+    <message>
+        <source>already on</source>
+        <translation>bereits eingeschaltet</translation>
+    </message>
+    <message>
+        <source>already off</source>
+        <translation>bereits ausgeschaltet</translation>
+    </message>
+    <message>
+        <source>Could not change state to on </source>
+        <translation>Einschalten nicht möglich: </translation>
+    </message>
+    <message>
+        <source>Could not change state to off </source>
+        <translation>Ausschalten nicht möglich: </translation>
+    </message>
+    <message>
+        <source>Cannot find S2P application.</source>
+        <translation>Die Anwendung S2P wurde nicht gefunden.</translation>
+    </message>
 </context>
 </TS>

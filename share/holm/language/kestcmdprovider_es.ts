@@ -15,5 +15,33 @@
         <source>Error</source>
         <translation>Error</translation>
     </message>
+    <message>
+        <source>Device not detected</source>
+        <translation>Dispositivo no detectado</translation>
+    </message>
+    <message>
+        <source>null device</source>
+        <translation>ningún dispositivo</translation>
+    </message>
+    <message>
+        <source>already on</source>
+        <translation>ya está encendido</translation>
+    </message>
+    <message>
+        <source>already off</source>
+        <translation>ya está apagado</translation>
+    </message>
+    <message>
+        <source>Could not change state to on </source>
+        <translation>No se pudo encender </translation>
+    </message>
+    <message>
+        <source>Could not change state to off </source>
+        <translation>No se pudo apagar </translation>
+    </message>
+    <message>
+        <source>Cannot find S2P application.</source>
+        <translation>No se encuentra la aplicación S2P.</translation>
+    </message>
 </context>
 </TS>

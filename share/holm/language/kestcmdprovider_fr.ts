@@ -15,5 +15,33 @@
         <source>Error</source>
         <translation>Erreur</translation>
     </message>
+    <message>
+        <source>Device not detected</source>
+        <translation>Appareil non détecté</translation>
+    </message>
+    <message>
+        <source>null device</source>
+        <translation>aucun appareil</translation>
+    </message>
+    <message>
+        <source>already on</source>
+        <translation>déjà activé</translation>
+    </message>
+    <message>
+        <source>already off</source>
+        <translation>déjà désactivé</translation>
+    </message>
+    <message>
+        <source>Could not change state to on </source>
+        <translation>Impossible d’activer </translation>
+    </message>
+    <message>
+        <source>Could not change state to off </source>
+        <translation>Impossible de désactiver </translation>
+    </message>
+    <message>
+        <source>Cannot find S2P application.</source>
+        <translation>L’application S2P est introuvable.</translation>
+    </message>
 </context>
 </TS>

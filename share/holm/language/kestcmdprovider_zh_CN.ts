@@ -15,5 +15,33 @@
         <source>Error</source>
         <translation>错误</translation>
     </message>
+    <message>
+        <source>Device not detected</source>
+        <translation>未检测到设备</translation>
+    </message>
+    <message>
+        <source>null device</source>
+        <translation>没有设备</translation>
+    </message>
+    <message>
+        <source>already on</source>
+        <translation>已经打开</translation>
+    </message>
+    <message>
+        <source>already off</source>
+        <translation>已经关闭</translation>
+    </message>
+    <message>
+        <source>Could not change state to on </source>
+        <translation>无法打开设备：</translation>
+    </message>
+    <message>
+        <source>Could not change state to off </source>
+        <translation>无法关闭设备：</translation>
+    </message>
+    <message>
+        <source>Cannot find S2P application.</source>
+        <translation>找不到 S2P 应用程序。</translation>
+    </message>
 </context>
 </TS>
