@@ -16,15 +16,35 @@ const Limit limits[] = {
     {"getFilesOf100000", "listDirectoryOf100000", 1.3},
 };
 
+/// On what a benchmark counts itself.
+struct CounterLimit
+{
+    const char *benchmark;
+    const char *counter;
+    double most;
+};
+
+const CounterLimit counterLimits[] = {
+    {"registryChangeToCallback", "median_ms", 10},
+};
+
+const char *verdict(bool isKept)
+{
+    return isKept ? "" : ": TOO SLOW";
+}
+
 } // namespace
 
 void LimitReporter::ReportRuns(const std::vector<Run> &runs)
 {
     for (const Run &run : runs) {
+        m_keepsLimits = m_keepsLimits && !run.error_occurred;
         const double time = run.GetAdjustedRealTime();
         const auto [known, isNew] = m_bestTimes.emplace(run.run_name.function_name, time);
         if (!isNew && run.run_type == Run::RT_Iteration)
             known->second = std::min(known->second, time);
+        for (const auto &[counter, value] : run.counters)
+            m_counters[{run.run_name.function_name, counter}] = value;
     }
     ConsoleReporter::ReportRuns(runs);
 }
@@ -37,10 +57,21 @@ void LimitReporter::Finalize()
         if (measured == m_bestTimes.end() || reference == m_bestTimes.end())
             continue;
         const double ratio = measured->second / reference->second;
-        m_keepsLimits = m_keepsLimits && ratio <= limit.most;
+        const bool isKept = ratio <= limit.most;
+        m_keepsLimits = m_keepsLimits && isKept;
         GetOutputStream() << limit.measured << " takes " << std::fixed << std::setprecision(2) << ratio
                           << " times as long as " << limit.reference << " (at most " << limit.most << ")"
-                          << (ratio <= limit.most ? "" : ": TOO SLOW") << '\n';
+                          << verdict(isKept) << '\n';
+    }
+    for (const CounterLimit &limit : counterLimits) {
+        const auto counted = m_counters.find({limit.benchmark, limit.counter});
+        if (counted == m_counters.end())
+            continue;
+        const bool isKept = counted->second <= limit.most;
+        m_keepsLimits = m_keepsLimits && isKept;
+        GetOutputStream() << limit.benchmark << ": " << limit.counter << " is " << std::fixed
+                          << std::setprecision(2) << counted->second << " (at most " << limit.most << ")"
+                          << verdict(isKept) << '\n';
     }
 }
 

@@ -6,7 +6,8 @@
 #include <string>
 
 /// Prints the results as usual and then, for each pair of benchmarks that has a limit, how many times longer
-/// the first takes than the second. The best of all repetitions counts.
+/// the first takes than the second, the best of all repetitions counting; and for each counter that has one,
+/// its value.
 class LimitReporter : public benchmark::ConsoleReporter
 {
 public:
@@ -17,5 +18,6 @@ public:
 
 private:
     std::map<std::string, double> m_bestTimes;
+    std::map<std::pair<std::string, std::string>, double> m_counters;
     bool m_keepsLimits = true;
 };

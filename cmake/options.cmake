@@ -26,6 +26,9 @@ add_compile_definitions(
     QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_CAST_FROM_BYTEARRAY QT_NO_URL_CAST_FROM_STRING
     QT_NO_FOREACH QT_DISABLE_DEPRECATED_BEFORE=0x040500)
 
+if(KESTCMD_FUZZ)
+    add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
 if(KESTCMD_SANITIZE)
     add_compile_options(-fsanitize=${KESTCMD_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
     add_link_options(-fsanitize=${KESTCMD_SANITIZE})
