@@ -267,10 +267,13 @@ bool RegistryStore::open()
     m_isOpen = true;
     m_isOpen =
         hasTables() || (m_problem.isEmpty() && inTransaction([this] { return hasTables() || makeTables(); }));
+    if (!m_isOpen)
+        return false;
     // Whether that succeeds is of no importance to who opens the file.
-    if (m_isOpen && m_watchers->hasDead(m_database))
+    if (m_watchers->hasDead(m_database))
         inTransaction([this] { return m_watchers->cutChanges(m_database); });
-    return m_isOpen;
+    m_problem.clear();
+    return true;
 }
 
 bool RegistryStore::hasTables()
