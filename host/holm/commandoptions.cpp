@@ -108,5 +108,10 @@ int tellMisuse(const DeviceCommand &command, const QString &problem)
 int tellFailure(const QString &problem)
 {
     std::cerr << "holm: " << problem.toStdString() << std::endl;
-    return commandFailed;
+    return ExitStatus::failed;
+}
+
+QString inQuotes(const QString &text)
+{
+    return QLatin1Char('"') + text + QLatin1Char('"');
 }

@@ -8,9 +8,6 @@
 
 #include <functional>
 
-/// The status of a command that could not do what it was told to.
-constexpr int commandFailed = 1;
-
 /// A command that works on a simulated device, such as "holm reg".
 struct DeviceCommand
 {
@@ -42,3 +39,6 @@ int tellMisuse(const DeviceCommand &command, const QString &problem);
 
 /// Tells on standard error why a command failed. Returns the status for it.
 int tellFailure(const QString &problem);
+
+/// A text of the user's as messages show it.
+QString inQuotes(const QString &text);

@@ -40,11 +40,6 @@ int run(const DeviceCommand &command, const QStringList &commandLine, int (*exec
     });
 }
 
-QString inQuotes(const QString &text)
-{
-    return QLatin1Char('"') + text + QLatin1Char('"');
-}
-
 int tellState(const QString &state)
 {
     std::cout << state.toStdString() << std::endl;

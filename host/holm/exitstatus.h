@@ -4,6 +4,8 @@
 namespace ExitStatus {
 constexpr int ok = 0;
 constexpr int scriptError = 1;
+/// A command could not do what it was told to.
+constexpr int failed = 1;
 /// Wrong command line, or something missing without which a run cannot start.
 constexpr int cannotStart = 2;
 /// The status that timeout(1) uses.

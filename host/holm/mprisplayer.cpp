@@ -2,6 +2,7 @@
 
 #include "commandoptions.h"
 #include "exitstatus.h"
+#include "registrytext.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QRegularExpression>
@@ -32,15 +33,7 @@ bool isPlayerName(const QString &name)
 
 bool isInvisible(QChar character)
 {
-    switch (character.category()) {
-    case QChar::Other_Control:
-    case QChar::Other_Format:
-    case QChar::Separator_Line:
-    case QChar::Separator_Paragraph:
-        return true;
-    default:
-        return false;
-    }
+    return breaksLine(character) || character.category() == QChar::Other_Format;
 }
 
 /// A text for a terminal and a registry: one line, without control characters.
@@ -157,7 +150,7 @@ QString MprisPlayer::noSuchPlayer() const
     }
     const QString others = names.isEmpty() ? QStringLiteral("none is running")
                                            : QLatin1String("running: ") + names.join(QLatin1String(", "));
-    return QLatin1String("there is no player \"") + m_name + QLatin1String("\"; ") + others;
+    return QLatin1String("there is no player ") + inQuotes(m_name) + QLatin1String("; ") + others;
 }
 
 void MprisPlayer::changeOwner(const QString &newOwner)

@@ -59,11 +59,6 @@ struct Request
     QString argument; ///< what else was given: a new value, or the name of a file
 };
 
-QString inQuotes(const QString &text)
-{
-    return QLatin1Char('"') + text + QLatin1Char('"');
-}
-
 int tellNoSuchKey(const RegistryStore &store, const RegistryKeyPath &key)
 {
     const QString problem = store.problem();
@@ -209,7 +204,7 @@ int importFile(RegistryStore &store, const Request &request)
         return tellStatus(store, applyEdits(store, content.edits));
     std::cerr << name.toStdString() << ':' << content.errorLine << ": " << content.error.toStdString()
               << std::endl;
-    return commandFailed;
+    return ExitStatus::failed;
 }
 
 int printFile(RegistryStore &store, const RegistryKeyPath &key, platform::RegFileEncoding encoding)

@@ -7,18 +7,6 @@
 
 namespace {
 
-bool disturbs(QChar c)
-{
-    switch (c.category()) {
-    case QChar::Other_Control:
-    case QChar::Separator_Line:
-    case QChar::Separator_Paragraph:
-        return true;
-    default:
-        return false;
-    }
-}
-
 QString escaped(QChar c)
 {
     if (c == QLatin1Char('\n'))
@@ -71,10 +59,22 @@ QString onOneLine(const QString &text)
         const bool isPair = c.isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate();
         if (isPair)
             result += text.midRef(i++, 2);
-        else if (c.isSurrogate() || disturbs(c))
+        else if (c.isSurrogate() || breaksLine(c))
             result += escaped(c);
         else
             result += c;
     }
     return result;
+}
+
+bool breaksLine(QChar c)
+{
+    switch (c.category()) {
+    case QChar::Other_Control:
+    case QChar::Separator_Line:
+    case QChar::Separator_Paragraph:
+        return true;
+    default:
+        return false;
+    }
 }

@@ -16,13 +16,12 @@ RegistryMonitor::RegistryMonitor(const QString &path, QObject *parent)
 {
     qRegisterMetaType<QVariant>("QVariant");
 
-    const int first = path.indexOf(QLatin1Char('\\'));
-    const int last = path.lastIndexOf(QLatin1Char('\\'));
-    m_root = registryRoot(path.left(first));
+    const RegistryPath parts = RegistryPath::split(path);
+    m_root = registryRoot(parts.root);
+    m_valueName = parts.value;
     // With a single backslash the value's name is the key's path, too: there is no watching of values in a
     // root.
-    m_key = first == last ? path.mid(first + 1) : path.mid(first + 1, last - first - 1);
-    m_valueName = path.mid(last + 1);
+    m_key = path.count(QLatin1Char('\\')) > 1 ? parts.key : parts.value;
 
     read();
     m_notification = m_registry.notify(m_root, m_key.toStdU16String(), m_valueName.toStdU16String(),

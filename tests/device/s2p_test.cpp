@@ -77,14 +77,13 @@ TEST_F(ProviderTest, S2pIsStartedOnceAndThenTold)
 
 TEST_F(ProviderTest, S2pStatusIsReadFromTheRegistry)
 {
-    platform::RegistryStore store(platform::DeviceFolder(m_dir.filePath(QStringLiteral("device"))));
     const auto status = [this] {
         return run(QStringLiteral("results = []; s2pStatus(this, cb); results[0].join('|')"));
     };
     EXPECT_EQ(status(), QStringLiteral("\"false||\""));
 
     const auto key =
-        store.findOrMake(platform::RegistryRoot::CurrentUser, QStringLiteral("Software\\A_C\\S2P"));
+        m_registry.findOrMake(platform::RegistryRoot::CurrentUser, QStringLiteral("Software\\A_C\\S2P"));
     ASSERT_TRUE(key);
     EXPECT_EQ(status(), QStringLiteral("\"false||\""));
     struct Case
@@ -105,7 +104,8 @@ TEST_F(ProviderTest, S2pStatusIsReadFromTheRegistry)
     };
     for (const Case &c : cases) {
         // Whatever the type says.
-        ASSERT_TRUE(store.setValue(*key, {QLatin1String(c.name), platform::RegistryType::binary, c.data}));
+        ASSERT_TRUE(
+            m_registry.setValue(*key, {QLatin1String(c.name), platform::RegistryType::binary, c.data}));
         EXPECT_EQ(status(), QLatin1Char('"') + QString::fromUtf8(c.status) + QLatin1Char('"'));
     }
 }

@@ -31,11 +31,8 @@ TEST_F(ProviderTest, SoundProfiles)
 {
     ScriptedSound sound;
     m_platform->soundInForce = &sound;
-    // A native object, which the first argument has to be.
-    m_application.engine().globalObject().setProperty(QStringLiteral("native"),
-                                                      m_application.engine().newQObject(&m_store));
     const auto read = [this] {
-        return run(QStringLiteral("results = []; getSoundProfile(native, cb); results"));
+        return run(QStringLiteral("results = []; getSoundProfile(widget, cb); results"));
     };
 
     const QStringList byType{QStringLiteral("on"), QStringLiteral("on"), QStringLiteral("vibrate"),
@@ -52,22 +49,4 @@ TEST_F(ProviderTest, SoundProfiles)
         EXPECT_EQ(sound.type, type) << name;
     }
     EXPECT_EQ(takeMessages(), QStringList());
-}
-
-TEST_F(ProviderTest, DeviceFunctionsReportBadArguments)
-{
-    m_application.engine().globalObject().setProperty(QStringLiteral("native"),
-                                                      m_application.engine().newQObject(&m_store));
-    for (const char *call :
-         {"getSoundProfile({}, cb)", "getSoundProfile(native, {})", "getSoundProfile(native, cb, 1)",
-          "setSoundProfile()", "setSoundProfile(2)", "setSoundProfile('off', 1)",
-          "getRadioStatus(1, this, cb)", "getRadioStatus('wifi', 5, cb)", "getRadioStatus('wifi', this)",
-          "setRadioStatus('phone', 'yes')", "setRadioStatus('phone', true, 1)", "s2pCommand()",
-          "s2pCommand(5)", "s2pCommand('play', 1)", "s2pStatus(this)", "s2pStatus(5, cb)",
-          "s2pStatus(this, {})", "s2pStatus(this, cb, 1)"}) {
-        EXPECT_EQ(run(QLatin1String(call) + QLatin1String("; results")), QStringLiteral("[]"));
-        EXPECT_EQ(takeMessages(),
-                  QStringList(QStringLiteral("[Error] %1: Invalid function arguments.")
-                                  .arg(QString::fromLatin1(call).section(QLatin1Char('('), 0, 0))));
-    }
 }

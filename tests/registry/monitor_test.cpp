@@ -15,8 +15,6 @@ class MonitorTest : public ProviderTest
 protected:
     MonitorTest()
     {
-        QScriptEngine &engine = m_application.engine();
-        engine.globalObject().setProperty(QStringLiteral("widget"), engine.newQObject(&m_widget));
         run(QStringLiteral("function cb(path, before, now) {"
                            " results.push([path.replace(/.*\\\\/, ''), before, now].map(String)); }"
                            "widgets = 'HKCU\\\\Software\\\\Widgets\\\\';"
@@ -38,19 +36,17 @@ protected:
 
     void set(const char *name, quint32 type, const QByteArray &data)
     {
-        ASSERT_TRUE(m_store.setValue(m_key, {QString::fromLatin1(name), type, data}));
+        ASSERT_TRUE(m_registry.setValue(m_key, {QString::fromLatin1(name), type, data}));
     }
 
     void setNumber(const char *name, qint32 number)
     {
         const auto value = platform::numberValue(QString::fromLatin1(name), static_cast<quint32>(number));
-        ASSERT_TRUE(m_store.setValue(m_key, value));
+        ASSERT_TRUE(m_registry.setValue(m_key, value));
     }
 
-    QObject m_widget;
-    platform::RegistryStore m_store{platform::DeviceFolder(m_dir.filePath(QStringLiteral("device")))};
     const platform::RegistryStore::Key m_key =
-        *m_store.findOrMake(RegistryRoot::CurrentUser, QStringLiteral("Software\\Widgets"));
+        *m_registry.findOrMake(RegistryRoot::CurrentUser, QStringLiteral("Software\\Widgets"));
 };
 
 } // namespace
@@ -76,7 +72,7 @@ TEST_F(MonitorTest, GoesByTheFirstTypeWhenTheTypeChanges)
     setNumber("n", 1);
     set("b", RegistryType::binary, "1234");
     run(QStringLiteral("watch('n'); watch('b')"));
-    m_store.removeValue(m_key, QStringLiteral("n"));
+    m_registry.removeValue(m_key, QStringLiteral("n"));
     set("n", RegistryType::string, QByteArray("a\0b\0\0\0", 6));
     set("n", RegistryType::dword, QByteArray("\x01\x02", 2));
     setNumber("b", 5);
@@ -135,14 +131,14 @@ TEST_F(MonitorTest, TellsOfFailuresInTheSystemsMessageBox)
 {
     run(QStringLiteral("regEventSuscribe(widget, cb, 'HKU\\\\a\\\\b');"
                        "regEventSuscribe(widget, cb, 'HKCU\\\\n'); watch('n')"));
-    m_store.inTransaction([this] {
+    m_registry.inTransaction([this] {
         setNumber("n", 1);
-        return m_store.removeValue(m_key, QStringLiteral("n"));
+        return m_registry.removeValue(m_key, QStringLiteral("n"));
     });
     EXPECT_EQ(await(1), QStringLiteral("\"[['n','undefined','undefined']]\""));
-    m_store.inTransaction([this] {
+    m_registry.inTransaction([this] {
         setNumber("n", 1);
-        return m_store.removeKey(m_key);
+        return m_registry.removeKey(m_key);
     });
     EXPECT_EQ(await(1), QStringLiteral("\"[['n','undefined','undefined']]\""));
     EXPECT_EQ(m_platform->fakeMessageBox.take(),

@@ -9,9 +9,8 @@ namespace {
 class RegistryTest : public ProviderTest
 {
 protected:
-    platform::RegistryStore m_store{platform::DeviceFolder(m_dir.filePath(QStringLiteral("device")))};
     const platform::RegistryStore::Key m_key =
-        *m_store.findOrMake(RegistryRoot::CurrentUser, QStringLiteral("Software\\Widgets"));
+        *m_registry.findOrMake(RegistryRoot::CurrentUser, QStringLiteral("Software\\Widgets"));
 
     QString read(const QString &path)
     {
@@ -70,7 +69,7 @@ const PathCase pathCases[] = {
 TEST_F(RegistryTest, ReadsByTypeAndSize)
 {
     for (const StoredValue &stored : storedValues) {
-        ASSERT_TRUE(m_store.setValue(m_key, {QStringLiteral("v"), stored.type, stored.data}));
+        ASSERT_TRUE(m_registry.setValue(m_key, {QStringLiteral("v"), stored.type, stored.data}));
         EXPECT_EQ(read(QStringLiteral("HKCU\\Software\\Widgets\\v")), QLatin1String(stored.results))
             << stored.what;
     }
@@ -78,8 +77,8 @@ TEST_F(RegistryTest, ReadsByTypeAndSize)
 
 TEST_F(RegistryTest, FindsRootKeyAndValueInThePath)
 {
-    ASSERT_TRUE(m_store.setValue(*m_store.find(RegistryRoot::CurrentUser, QString()),
-                                 platform::numberValue(QStringLiteral("top"), 0xffffffff)));
+    ASSERT_TRUE(m_registry.setValue(*m_registry.find(RegistryRoot::CurrentUser, QString()),
+                                    platform::numberValue(QStringLiteral("top"), 0xffffffff)));
     for (const PathCase &path : pathCases)
         EXPECT_EQ(read(QLatin1String(path.path)), QLatin1String(path.results)) << path.path;
     EXPECT_EQ(takeMessages(), QStringList());
@@ -89,7 +88,7 @@ TEST_F(RegistryTest, WritesNumbersAndTexts)
 {
     const auto written = [this](const char *value) {
         run(QStringLiteral("writeReg('HKCU\\\\Software\\\\Widgets\\\\v', %1)").arg(QLatin1String(value)));
-        const auto stored = m_store.value(m_key, QStringLiteral("v"));
+        const auto stored = m_registry.value(m_key, QStringLiteral("v"));
         return stored ? QByteArray::number(stored->type) + ' ' + stored->data.toHex() : QByteArray();
     };
     EXPECT_EQ(written("2.9"), "4 02000000");
@@ -105,17 +104,5 @@ TEST_F(RegistryTest, WritesNumbersAndTexts)
                           .arg(QLatin1String(text))),
                   QStringLiteral("true"))
             << text;
-    }
-}
-
-TEST_F(RegistryTest, RefusesOtherArguments)
-{
-    for (const char *call : {"readReg('a', this, 1)", "writeReg('a', true)", "regEventSuscribe({}, cb, 'a')",
-                             "regEventUnSuscribe({}, 'a')"}) {
-        run(QLatin1String(call));
-        const QString function = QString::fromLatin1(call).section(QLatin1Char('('), 0, 0);
-        EXPECT_EQ(takeMessages(),
-                  QStringList(QLatin1String("[Error] ") + function
-                              + QLatin1String(": Invalid function arguments.")));
     }
 }

@@ -47,6 +47,7 @@ ProviderTest::ProviderTest()
     , m_shell(&m_platform->fakeShell)
     , m_application(m_dir.filePath(QStringLiteral("app")), false)
     , m_store(m_dir.filePath(QStringLiteral("config.ini")))
+    , m_registry(platform::DeviceFolder(m_dir.filePath(QStringLiteral("device"))))
     , m_reader(std::make_unique<MessageReader>())
 {
     QDir(m_dir.path()).mkdir(QStringLiteral("app"));
@@ -54,6 +55,8 @@ ProviderTest::ProviderTest()
     m_application.addProvider(&m_store);
     m_provider.InitializeScript(&m_application);
     m_provider.BeginInitialize();
+    QScriptEngine &engine = m_application.engine();
+    engine.globalObject().setProperty(QStringLiteral("widget"), engine.newQObject(&m_widget));
     run(QStringLiteral("results = []; cb = function() { results.push([].slice.call(arguments)); }"));
 }
 

@@ -35,7 +35,7 @@ public:
 
 /// A started provider in an application directory of its own, and a script engine to call it from.
 ///
-/// Scripts find "cb", a callback that keeps its arguments in "results".
+/// Scripts find "cb", a callback that keeps its arguments in "results", and "widget", a QObject.
 class ProviderTest : public testing::Test
 {
 protected:
@@ -56,8 +56,10 @@ protected:
     FakePlatform *m_platform; ///< owned by the platform layer, where it is in force
     PlatformInForce m_platformInForce; ///< longer than the provider lives
     FakeShell *m_shell;
+    QObject m_widget;
     RecordingApplication m_application;
     KestMainProvider m_store;
+    platform::RegistryStore m_registry; ///< the device's, as another program sees it
     KestCommandProvider m_provider;
 
 private:

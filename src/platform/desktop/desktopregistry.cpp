@@ -47,10 +47,7 @@ public:
 
     std::optional<RegistryValueInfo> info(const std::u16string &name) override
     {
-        const std::optional<RegistryValue> value = m_store.value(m_key, nameOf(name));
-        if (!value)
-            return std::nullopt;
-        return RegistryValueInfo{value->type, static_cast<std::uint32_t>(value->data.size())};
+        return m_store.info(m_key, nameOf(name));
     }
 
     std::optional<RegistryBytes> read(const std::u16string &name, std::uint32_t size) override

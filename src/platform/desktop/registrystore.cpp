@@ -159,6 +159,21 @@ QList<RegistryValue> RegistryStore::values(Key key)
     return values;
 }
 
+std::optional<RegistryValueInfo> RegistryStore::info(Key key, const QString &name)
+{
+    const std::lock_guard<std::recursive_mutex> lock(m_mutex);
+    if (!isReady())
+        return std::nullopt;
+    SqliteStatement select =
+        m_database.prepare("SELECT type, length(data) FROM value WHERE key = ? AND comparable = ?");
+    select << key << comparableName(name);
+    if (select.next())
+        return RegistryValueInfo{static_cast<quint32>(select.number(0)),
+                                 static_cast<quint32>(select.number(1))};
+    complete(std::move(select));
+    return std::nullopt;
+}
+
 std::optional<RegistryValue> RegistryStore::value(Key key, const QString &name)
 {
     const std::lock_guard<std::recursive_mutex> lock(m_mutex);
@@ -294,8 +309,7 @@ bool RegistryStore::makeTables()
 
 bool RegistryStore::fail(const QString &problem)
 {
-    const QString file = m_folder + QLatin1String("/registry.db");
-    m_problem = problem.startsWith(file) ? problem : file + QLatin1String(": ") + problem;
+    m_problem = m_folder + QLatin1String("/registry.db: ") + problem;
     return false;
 }
 

@@ -64,6 +64,9 @@ public:
 
     std::optional<RegistryValue> value(Key key, const QString &name);
 
+    /// Type and size of a value, without reading it.
+    std::optional<RegistryValueInfo> info(Key key, const QString &name);
+
     /// Writes a value. False also if the key has been removed.
     bool setValue(Key key, const RegistryValue &value);
 
