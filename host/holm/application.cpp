@@ -9,6 +9,8 @@
 #include <QtCore/QVarLengthArray>
 #include <QtScript/QScriptContext>
 
+#include <algorithm>
+
 namespace {
 
 QString withSeparator(const QString &directory)
@@ -45,6 +47,14 @@ void Application::addProvider(IProvider *provider)
 bool Application::hasSubscriptions() const
 {
     return !m_bindings.isEmpty();
+}
+
+bool Application::awaitsAnswers() const
+{
+    return std::any_of(m_providers.cbegin(), m_providers.cend(), [](IProvider *provider) {
+        const auto *object = dynamic_cast<QObject *>(provider);
+        return object && object->property("awaitsAnswers").toBool();
+    });
 }
 
 void Application::registerFunction(IProvider *provider, const QString &name, bool, bool returnsValue,

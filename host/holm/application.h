@@ -29,6 +29,9 @@ public:
     /// Whether a script is bound to an event.
     bool hasSubscriptions() const;
 
+    /// Whether a provider has callbacks to make later; see IProvider.
+    bool awaitsAnswers() const;
+
     void registerFunction(IProvider *provider, const QString &name, bool interactive, bool returnsValue,
                           int index) override;
     QScriptValue callFunction(const QScriptValue &thisObject, const QScriptValue &function,

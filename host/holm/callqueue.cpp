@@ -1,6 +1,12 @@
 #include "callqueue.h"
 
+#include <QtCore/QElapsedTimer>
 #include <QtCore/QThread>
+
+namespace {
+// How long calls that have waited may keep input and painting waiting, in milliseconds.
+constexpr qint64 longestRound = 5;
+} // namespace
 
 CallQueue::Scope::Scope(CallQueue &queue)
     : m_queue(queue)
@@ -65,15 +71,21 @@ void CallQueue::run(const Task &task)
 
 void CallQueue::scheduleDrain()
 {
+    if (m_waiting.empty() || m_isDrainScheduled)
+        return;
+    m_isDrainScheduled = true;
     // From the event loop: a signal handler that made the call may still be running.
-    if (!m_waiting.empty())
-        QMetaObject::invokeMethod(this, &CallQueue::drain, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this, &CallQueue::drain, Qt::QueuedConnection);
 }
 
 void CallQueue::drain()
 {
+    m_isDrainScheduled = false;
     // What a task adds has to wait for the next round, so that input and painting get their turn.
-    for (std::size_t left = m_waiting.size(); left > 0 && m_depth == 0 && !m_waiting.empty(); --left) {
+    QElapsedTimer round;
+    round.start();
+    for (std::size_t left = m_waiting.size();
+         left > 0 && m_depth == 0 && !m_waiting.empty() && round.elapsed() < longestRound; --left) {
         const Task task = std::move(m_waiting.front());
         m_waiting.pop_front();
         run(task);

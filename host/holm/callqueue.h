@@ -6,7 +6,8 @@
 #include <functional>
 
 /// Lets every script call run to completion: what comes due while one is in progress waits, and is
-/// delivered in the order in which it came due once that call has returned. GUI thread only.
+/// delivered in the order in which it came due once that call has returned, in shares short enough for input
+/// and painting to get their turn. GUI thread only.
 class CallQueue : public QObject
 {
     Q_OBJECT
@@ -57,5 +58,6 @@ private:
     std::deque<Task> m_waiting;
     int m_depth = 0;
     int m_loopLevel = 0;
+    bool m_isDrainScheduled = false;
     bool m_closed = false;
 };

@@ -157,7 +157,8 @@ void WidgetRun::start()
 
 void WidgetRun::endIfNothingIsGoingOn()
 {
-    if (m_started && !m_window && m_timers.isEmpty() && !m_application.hasSubscriptions())
+    if (m_started && !m_window && m_timers.isEmpty() && !m_application.hasSubscriptions()
+        && !m_application.awaitsAnswers())
         m_application.engine().stop(ExitStatus::ok);
 }
 

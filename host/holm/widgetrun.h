@@ -18,7 +18,7 @@ class QWidget;
 ///
 /// The run ends when the script calls quit(), an exception leaves the main script, the window is
 /// closed, the time is over or a signal arrives; without a window also when nothing is going on
-/// any more, that is no timer is set and no event subscribed.
+/// any more, that is no timer is set, no event subscribed and no answer to come.
 class WidgetRun : public QObject
 {
     Q_OBJECT

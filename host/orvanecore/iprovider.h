@@ -15,6 +15,10 @@ class IApplication;
 /// The host calls name(), InitializeScript(), BeginInitialize() and EndInitialize() once, in this
 /// order, then invoke() for each script call, and Unload() at the end; all on its GUI thread.
 /// The order of the operations is part of the binary interface.
+///
+/// A provider that calls scripts back later may have a boolean property "awaitsAnswers" besides, being a
+/// QObject: as long as it is true, the host does not take a widget for finished. It has to be false when the
+/// last callback runs.
 class ORVANECORE_EXPORT IProvider
 {
 public:
