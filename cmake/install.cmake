@@ -10,5 +10,6 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/HolmConfigVersion.cmake C
 install(FILES ${PROJECT_BINARY_DIR}/HolmConfig.cmake ${PROJECT_BINARY_DIR}/HolmConfigVersion.cmake
     DESTINATION ${package_dir})
 
-install(DIRECTORY widgets/ DESTINATION ${KESTCMD_APPLICATION_DIR}/widgets PATTERN jsconfig.json EXCLUDE)
+install(DIRECTORY widgets/ DESTINATION ${KESTCMD_APPLICATION_DIR}/widgets
+    PATTERN jsconfig.json EXCLUDE PATTERN server EXCLUDE)
 install(FILES README.md LICENSE docs/kestcmd.d.ts DESTINATION ${CMAKE_INSTALL_DOCDIR})

@@ -90,13 +90,13 @@ declare function setSoundProfile(profile: "on" | "vibrate" | "off"): void;
 
 // network/
 
-/** Not available yet. Fetches a text over HTTP, later: the text, or on error a message. */
+/** Fetches a text over plain HTTP; "http://" may be missing. Calls back later: (false, text), or (true, message), which (false, what there was) may follow. Bad arguments are ignored. */
 declare function getUrl<T extends object>(url: string, thisObject: T, callback: (this: T, error: boolean, textOrMessage: string) => void): void;
 
-/** Not available yet. Fetches an RSS feed, later: its items and title, or on error a message. */
-declare function getRSSFeed<T extends object>(url: string, thisObject: T, callback: (this: T, error: boolean, items: KestResultOrMessage<KestFeedItem[]>, title: string) => void): void;
+/** Fetches an RSS feed as getUrl does a text: (false, items, title), or (true, message), which a second call may follow. Of a text in pieces only the last one counts. */
+declare function getRSSFeed<T extends object>(url: string, thisObject: T, callback: (this: T, error: boolean, items: KestResultOrMessage<KestFeedItem[]>, title?: string) => void): void;
 
-/** Not available yet. Fetches a weather feed, later: one record, or on error a message. */
+/** Fetches a weather feed as getUrl does a text: (false, record), or (true, message), which a second call may follow. */
 declare function getWeather<T extends object>(url: string, thisObject: T, callback: (this: T, error: boolean, weather: KestResultOrMessage<KestWeather>) => void): void;
 
 // pim/
@@ -156,7 +156,7 @@ interface KestFeedItem {
     description?: string;
 }
 
-/** Only what the feed holds; of several days of forecast the last. */
+/** Only what the feed holds; of several days of forecast the last. What is no number is 0, and so is one with decimals where a whole number belongs. */
 interface KestWeather {
     city?: string;
     country?: string;
@@ -164,6 +164,7 @@ interface KestWeather {
     distUnit?: string;
     pressUnit?: string;
     speedUnit?: string;
+    /** A whole number, as are pressure, the codes and the temperatures. */
     humidity?: number;
     visibility?: string;
     pressure?: number;

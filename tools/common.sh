@@ -103,6 +103,36 @@ install_missing() {
             "no network, connect and try again. By hand it is, as root: $by_hand"
 }
 
+# unpack_nginx
+# Puts the web server that the tests fetch from into build/nginx, unless the system has it. Installing it would
+# make it a service of the machine.
+unpack_nginx() (
+    target=$root/build/nginx log=$root/build/nginx.log
+    if [ -x "$target/usr/sbin/nginx" ] || [ -x /usr/sbin/nginx ]; then
+        exit 0
+    fi
+    has apt-get dpkg-deb || fail "The tests need nginx as /usr/sbin/nginx, which is missing; please install it."
+
+    tell "Unpacking nginx, which the tests fetch from, into build/nginx"
+    mkdir -p "$root/build"
+    folder=$(mktemp -d "$target.XXXXXX") || fail "The folder build cannot be written to."
+    trap 'rm -rf "$folder"' EXIT
+    download_nginx "$folder" 2>"$log" \
+        || { apt 'reading the package lists' update && download_nginx "$folder" 2>"$log"; } \
+        || fail "nginx could not be downloaded; build/nginx.log and build/packages.log have all that was said. If" \
+            "there is no network, connect and try again."
+    dpkg-deb -x "$folder"/nginx_*.deb "$folder/files" || fail "nginx could not be unpacked; see above."
+    # Another run may have been faster.
+    mv -T "$folder/files" "$target" 2>>"$log" || [ -x "$target/usr/sbin/nginx" ] \
+        || fail "nginx could not be moved to build/nginx; build/nginx.log says why."
+)
+
+# download_nginx FOLDER
+download_nginx() {
+    # As root, apt-get would download as another user, who may not write there.
+    (cd "$1" && apt-get -q -o APT::Sandbox::User=root download nginx) >&2
+}
+
 # build_preset PRESET [OPTION...], the options being those of cmake --build
 build_preset() {
     local preset=$1

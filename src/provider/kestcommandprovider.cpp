@@ -1,6 +1,8 @@
 #include "provider/kestcommandprovider.h"
 
 #include "kestmainprovider/kestmainprovider.h"
+#include "network/fetchcallbacks.h"
+#include "network/networkthread.h"
 #include "orvanecore/iapplication.h"
 #include "programs/programsmenu.h"
 #include "registry/registrymonitor.h"

@@ -10,7 +10,9 @@
 
 #include "device/radiomanager.h"
 #include "device/s2pcontrol.h"
+#include "network/fetch.h"
 
+class FetchCallbacks;
 class KestMainProvider;
 class NetworkThread;
 class QDir;
@@ -28,6 +30,7 @@ class KestCommandProvider : public QObject, public IProvider
     Q_OBJECT
     Q_PLUGIN_METADATA(IID IProvider_iid)
     Q_INTERFACES(IProvider)
+    Q_PROPERTY(bool awaitsAnswers READ awaitsAnswers)
 
 public:
     using Function = void (KestCommandProvider::*)(FunctionArguments *);
@@ -41,6 +44,9 @@ public:
 
     /// The host, or null before InitializeScript().
     IApplication *application() const;
+
+    /// Whether callbacks of fetches are still to come.
+    bool awaitsAnswers() const;
 
     QString name() const override;
     void InitializeScript(IApplication *application) override;
@@ -139,6 +145,7 @@ private:
     void DeInitPOOM();
     void startNetworkThread();
     void stopNetworkThread();
+    void fetch(FetchKind kind, const FunctionArguments &arguments);
 
     static KestCommandProvider *_instance;
 
@@ -149,5 +156,6 @@ private:
     QMutex m_registryMutex;
     QMutex m_poomMutex;
     QObject *configProvider = nullptr;
-    NetworkThread *networkThread = nullptr;
+    std::unique_ptr<FetchCallbacks> m_fetches; ///< longer than the thread lives
+    std::unique_ptr<NetworkThread> networkThread; ///< null until BeginInitialize()
 };

@@ -4,6 +4,7 @@
 # Runs every ```js block of the documents as a widget, with a device and an application directory of its own.
 # Each has to end with status 0, and to put out the ```text block that follows it directly, if one does.
 # A script that uses "widget" gets the last ```xml block before it as its widget.ui. All get the argument --once.
+# Where they say localhost:8642, the sample server is meant, which is started for them at a free port.
 set -euo pipefail
 
 holm=$(realpath "$1")
@@ -13,8 +14,14 @@ if [ $# = 0 ]; then
     set -- "$root/docs/functions.md" "$root/docs/widgets.md"
 fi
 folder=$(mktemp -d)
-trap 'rm -rf "$folder"' EXIT
+server=
+trap '[ -z "$server" ] || kill "$server"; rm -rf "$folder"' EXIT
 export LC_ALL=C.UTF-8 XDG_CONFIG_HOME=$folder/settings
+
+exec {server_output}< <(exec "$(dirname "$holm")/holm-sampleserver" --port 0)
+server=$!
+read -r address <&"$server_output"
+address=${address#http://}
 
 # unpack DOCUMENT FOLDER: an example in line N becomes N.js in there, with N.ui and N.text where it has them.
 unpack() {
@@ -66,6 +73,7 @@ for document in "$@"; do
     examples=$folder/${document//\//_}
     mkdir "$examples"
     unpack "$document" "$examples"
+    find "$examples" -type f -exec sed -i "s|localhost:8642/|$address|g" {} +
     count=0
     for script in "$examples"/*.js; do
         [ -e "$script" ] || continue

@@ -66,7 +66,10 @@ public:
     }
     platform::DevicePower &power() override { return powerInForce ? *powerInForce : device.power(); }
     platform::SoundSettings &sound() override { return soundInForce ? *soundInForce : device.sound(); }
-    platform::ConnectionManager &connections() override { return device.connections(); }
+    platform::ConnectionManager &connections() override
+    {
+        return connectionsInForce ? *connectionsInForce : device.connections();
+    }
 
     platform::DesktopPlatform device;
     FakeShell fakeShell;
@@ -77,4 +80,5 @@ public:
     platform::Bluetooth *bluetoothInForce = nullptr;
     platform::DevicePower *powerInForce = nullptr;
     platform::SoundSettings *soundInForce = nullptr;
+    platform::ConnectionManager *connectionsInForce = nullptr;
 };

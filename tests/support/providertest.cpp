@@ -3,6 +3,7 @@
 #include <QtCore/QDir>
 #include <QtCore/QEvent>
 #include <QtCore/QFileInfo>
+#include <QtTest/QTest>
 #include <QtWidgets/QMessageBox>
 
 void RecordingApplication::registerFunction(IProvider *provider, const QString &name, bool interactive,
@@ -73,6 +74,16 @@ QString ProviderTest::run(QString script)
     const QScriptValue value = engine.evaluate(script);
     EXPECT_FALSE(engine.hasUncaughtException()) << value.toString().toStdString();
     return QScriptValue(json).call(QScriptValue(), QScriptValueList{value}).toString();
+}
+
+QString ProviderTest::awaitResults(int count)
+{
+    const auto haveCome = [this, count] {
+        return m_application.engine().evaluate(QStringLiteral("results.length")).toInt32() >= count;
+    };
+    EXPECT_TRUE(QTest::qWaitFor(haveCome, 60000));
+    QTest::qWait(10);
+    return run(QStringLiteral("results.splice(0)"));
 }
 
 void ProviderTest::makeFile(const QString &path) const

@@ -43,5 +43,17 @@
         <source>Cannot find S2P application.</source>
         <translation>Die Anwendung S2P wurde nicht gefunden.</translation>
     </message>
+    <message>
+        <source>The header of the answer is too long.</source>
+        <translation>Der Kopf der Antwort ist zu lang.</translation>
+    </message>
+    <message>
+        <source>The answer is longer than 256 MB.</source>
+        <translation>Die Antwort ist länger als 256 MB.</translation>
+    </message>
+    <message>
+        <source>The answer cannot be unpacked.</source>
+        <translation>Die Antwort kann nicht entpackt werden.</translation>
+    </message>
 </context>
 </TS>

@@ -43,5 +43,17 @@
         <source>Cannot find S2P application.</source>
         <translation>No se encuentra la aplicación S2P.</translation>
     </message>
+    <message>
+        <source>The header of the answer is too long.</source>
+        <translation>La cabecera de la respuesta es demasiado larga.</translation>
+    </message>
+    <message>
+        <source>The answer is longer than 256 MB.</source>
+        <translation>La respuesta tiene más de 256 MB.</translation>
+    </message>
+    <message>
+        <source>The answer cannot be unpacked.</source>
+        <translation>No se puede descomprimir la respuesta.</translation>
+    </message>
 </context>
 </TS>

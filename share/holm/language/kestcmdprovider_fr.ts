@@ -43,5 +43,17 @@
         <source>Cannot find S2P application.</source>
         <translation>L’application S2P est introuvable.</translation>
     </message>
+    <message>
+        <source>The header of the answer is too long.</source>
+        <translation>L’en-tête de la réponse est trop long.</translation>
+    </message>
+    <message>
+        <source>The answer is longer than 256 MB.</source>
+        <translation>La réponse dépasse 256 Mo.</translation>
+    </message>
+    <message>
+        <source>The answer cannot be unpacked.</source>
+        <translation>La réponse ne peut pas être décompressée.</translation>
+    </message>
 </context>
 </TS>

@@ -43,5 +43,17 @@
         <source>Cannot find S2P application.</source>
         <translation>找不到 S2P 应用程序。</translation>
     </message>
+    <message>
+        <source>The header of the answer is too long.</source>
+        <translation>应答的标头过长。</translation>
+    </message>
+    <message>
+        <source>The answer is longer than 256 MB.</source>
+        <translation>应答超过 256 MB。</translation>
+    </message>
+    <message>
+        <source>The answer cannot be unpacked.</source>
+        <translation>无法解压应答。</translation>
+    </message>
 </context>
 </TS>
