@@ -6,9 +6,11 @@ include("files.js");
 include("launching.js");
 include("registry.js");
 include("device.js");
+include("feeds.js");
+include("feedshtml.js");
 
 // In the order of the page chooser.
-var tourPages = [welcomePage, configurationPage, filesPage, launchingPage, registryPage, devicePage];
+var tourPages = [welcomePage, configurationPage, filesPage, launchingPage, registryPage, devicePage, feedsPage];
 
 /** @param {number} index */
 function showPage(index) {
@@ -32,11 +34,16 @@ tourPages.forEach(function (page) {
 });
 
 if (args[0] === "--once") {
+  feedsPage.whenShown = function (failed) {
+    // After the page has been painted, for a screenshot.
+    setTimeout(quit, 0, failed ? 1 : 0);
+  };
+  setTimeout(function () {
+    print("Feeds: nothing has been shown after 15 seconds.");
+    quit(1);
+  }, 15000);
   tourPages.forEach(function (page, index) {
     showPage(index);
     page.tryOut();
   });
-  showPage(tourPages.indexOf(devicePage));
-  // After the page has been painted, for a screenshot.
-  setTimeout(quit, 0, 0);
 }
