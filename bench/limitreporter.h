@@ -7,7 +7,7 @@
 
 /// Prints the results as usual and then, for each pair of benchmarks that has a limit, how many times longer
 /// the first takes than the second, the best of all repetitions counting; and for each counter that has one,
-/// its value.
+/// the largest value of all repetitions.
 class LimitReporter : public benchmark::ConsoleReporter
 {
 public:
