@@ -204,7 +204,6 @@ void HttpReply::addHeader(const QByteArray &line)
         m_status = line.mid(line.indexOf(' ') + 1).left(3).toInt();
         m_isCompressed = false; // the lines before may have been those of an interim answer
         m_reason = QString::fromLatin1(line).section(QLatin1Char(' '), 2);
-        setAttribute(QNetworkRequest::HttpStatusCodeAttribute, m_status);
     } else if (isField(line, "Content-Encoding:")) {
         const QByteArray encoding = line.mid(line.indexOf(':') + 1).trimmed().toLower();
         m_isCompressed = encoding == "gzip" || encoding == "deflate";

@@ -10,7 +10,7 @@ class QNetworkCookieJar;
 
 /// What comes of a GET over plain HTTP. The whole body is there, unpacked, when finished() is emitted. A
 /// header longer than 256 kB or a body longer than 256 MB is an error, and there is no body then. Errors of
-/// the network are told in Qt's own words. Of the header only the status is kept.
+/// the network are told in Qt's own words, and finished() follows them at once. The header is not kept.
 class HttpReply : public QNetworkReply
 {
     Q_OBJECT

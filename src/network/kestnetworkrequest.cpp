@@ -65,9 +65,6 @@ void KestNetworkRequest::succeed(FetchResult result)
 void KestNetworkRequest::finish()
 {
     m_processor.removePending(this);
-    // After an error the reply still has to tell that it has finished, and may need the event loop for it.
-    if (!m_reply->isFinished())
-        return;
     m_reply->deleteLater();
     deleteLater();
 }

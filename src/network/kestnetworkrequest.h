@@ -20,6 +20,8 @@ public:
     static KestNetworkRequest *create(FetchKind kind, const QUrl &url, FetchId fetch,
                                       NetworkProcessor &processor);
 
+    KestNetworkRequest(const QUrl &url, FetchId fetch, NetworkProcessor &processor);
+
     /// Sends it. One reply is all that a request can have.
     void send(QNetworkAccessManager &manager);
 
@@ -34,8 +36,6 @@ public slots:
     void networkError(QNetworkReply::NetworkError code);
 
 protected:
-    KestNetworkRequest(const QUrl &url, FetchId fetch, NetworkProcessor &processor);
-
     /// The whole body, which is empty after an abort; closes the reply.
     QByteArray takeBody();
 

@@ -2,11 +2,6 @@
 
 #include <QtCore/QTextStream>
 
-KestRawRequest::KestRawRequest(const QUrl &url, FetchId fetch, NetworkProcessor &processor)
-    : KestNetworkRequest(url, fetch, processor)
-{
-}
-
 void KestRawRequest::networkFinished()
 {
     QByteArray body = takeBody();

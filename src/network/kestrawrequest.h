@@ -8,7 +8,7 @@ class KestRawRequest : public KestNetworkRequest
     Q_OBJECT
 
 public:
-    KestRawRequest(const QUrl &url, FetchId fetch, NetworkProcessor &processor);
+    using KestNetworkRequest::KestNetworkRequest;
 
     void networkFinished() override;
 };

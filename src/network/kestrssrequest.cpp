@@ -2,11 +2,6 @@
 
 #include "network/rssparser.h"
 
-KestRSSRequest::KestRSSRequest(const QUrl &url, FetchId fetch, NetworkProcessor &processor)
-    : KestNetworkRequest(url, fetch, processor)
-{
-}
-
 void KestRSSRequest::networkFinished()
 {
     succeed(RSSParser::parse(takeBody()));

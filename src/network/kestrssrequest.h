@@ -8,7 +8,7 @@ class KestRSSRequest : public KestNetworkRequest
     Q_OBJECT
 
 public:
-    KestRSSRequest(const QUrl &url, FetchId fetch, NetworkProcessor &processor);
+    using KestNetworkRequest::KestNetworkRequest;
 
     void networkFinished() override;
 };

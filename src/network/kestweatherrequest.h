@@ -8,7 +8,7 @@ class KestWeatherRequest : public KestNetworkRequest
     Q_OBJECT
 
 public:
-    KestWeatherRequest(const QUrl &url, FetchId fetch, NetworkProcessor &processor);
+    using KestNetworkRequest::KestNetworkRequest;
 
     void networkFinished() override;
 };

@@ -21,13 +21,17 @@ QUrl addressOf(const QString &url)
 
 } // namespace
 
-NetworkProcessor::NetworkProcessor(QNetworkAccessManager &manager, FetchCallbacks &callbacks)
-    : m_manager(manager)
-    , m_callbacks(callbacks)
+NetworkProcessor::NetworkProcessor(FetchCallbacks &callbacks)
+    : m_callbacks(callbacks)
 {
 }
 
 NetworkProcessor::~NetworkProcessor() = default;
+
+void NetworkProcessor::setManager(QNetworkAccessManager &manager)
+{
+    m_manager = &manager;
+}
 
 void NetworkProcessor::removePending(KestNetworkRequest *request)
 {
@@ -62,7 +66,7 @@ void NetworkProcessor::beginRequest(const FetchRequest &request)
     if (!pending)
         return;
     m_pending.append(pending);
-    pending->send(m_manager);
+    pending->send(*m_manager);
 }
 
 bool NetworkProcessor::ensureConnection(const QUrl &url)

@@ -20,9 +20,12 @@ class NetworkProcessor : public QObject
     Q_OBJECT
 
 public:
-    /// Both have to outlive the processor.
-    NetworkProcessor(QNetworkAccessManager &manager, FetchCallbacks &callbacks);
+    /// @p callbacks have to outlive the processor.
+    explicit NetworkProcessor(FetchCallbacks &callbacks);
     ~NetworkProcessor() override;
+
+    /// What sends the requests; to be set before the first of them. It has to live as long as events come.
+    void setManager(QNetworkAccessManager &manager);
 
     /// Forgets a request that has got its reply.
     void removePending(KestNetworkRequest *request);
@@ -39,6 +42,6 @@ private:
 
     QList<KestNetworkRequest *> m_pending; ///< children that wait for their replies, in order of creation
     std::unique_ptr<platform::DataConnection> m_connection; ///< null: none is held
-    QNetworkAccessManager &m_manager;
+    QNetworkAccessManager *m_manager = nullptr;
     FetchCallbacks &m_callbacks;
 };

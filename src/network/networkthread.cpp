@@ -59,9 +59,10 @@ void NetworkThread::shutdown()
 
 void NetworkThread::run()
 {
-    HttpManager manager;
-    NetworkProcessor processor(manager, m_callbacks);
+    NetworkProcessor processor(m_callbacks);
     setProcessor(&processor);
+    HttpManager manager; // begin() need not wait for it, as requests wait for the event loop
+    processor.setManager(manager);
     exec();
     setProcessor(nullptr);
     m_finished = true;

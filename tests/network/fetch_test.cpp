@@ -41,11 +41,6 @@ protected:
             .replace(QLatin1String("$FAULT"), m_fault.url());
     }
 
-    bool waitForAnswers()
-    {
-        return QTest::qWaitFor([this] { return !m_provider.awaitsAnswers(); }, 60000);
-    }
-
     /// Carries out a script that fetches, and waits. Returns what its callbacks were called with.
     QString fetch(const char *script)
     {

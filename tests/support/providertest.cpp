@@ -76,14 +76,9 @@ QString ProviderTest::run(QString script)
     return QScriptValue(json).call(QScriptValue(), QScriptValueList{value}).toString();
 }
 
-QString ProviderTest::awaitResults(int count)
+bool ProviderTest::waitForAnswers()
 {
-    const auto haveCome = [this, count] {
-        return m_application.engine().evaluate(QStringLiteral("results.length")).toInt32() >= count;
-    };
-    EXPECT_TRUE(QTest::qWaitFor(haveCome, 60000));
-    QTest::qWait(10);
-    return run(QStringLiteral("results.splice(0)"));
+    return QTest::qWaitFor([this] { return !m_provider.awaitsAnswers(); }, 60000);
 }
 
 void ProviderTest::makeFile(const QString &path) const

@@ -45,10 +45,8 @@ protected:
     /// Evaluates a script, in which "$APP" stands for the application directory. Returns the result as JSON.
     QString run(QString script);
 
-    /// Runs the event loop until the callback "cb" has been called @p count times, a minute at most, and a
-    /// little longer, so that a call too many is seen. Returns what it was called with as JSON, and forgets
-    /// it.
-    QString awaitResults(int count);
+    /// Runs the event loop until all fetches have called back, a minute at most. Returns whether they have.
+    bool waitForAnswers();
 
     /// Makes a file below the temporary directory, and its folders.
     void makeFile(const QString &path) const;
