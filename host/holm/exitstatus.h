@@ -8,6 +8,8 @@ constexpr int scriptError = 1;
 constexpr int failed = 1;
 /// Wrong command line, or something missing without which a run cannot start.
 constexpr int cannotStart = 2;
+/// A dialog was left open by the robot that was to answer it.
+constexpr int unanswered = 3;
 /// The status that timeout(1) uses.
 constexpr int timedOut = 124;
 /// Added to the number of the signal that ended the run, as shells do.

@@ -1,8 +1,11 @@
 #include "runcommand.h"
 
 #include "application.h"
+#include "devicescreen.h"
 #include "exitstatus.h"
+#include "modaldialogs.h"
 #include "providerplugins.h"
+#include "robot.h"
 #include "unattendeddialogs.h"
 #include "widgetrun.h"
 
@@ -65,15 +68,24 @@ int runWidget(int &argc, char **argv, const RunOptions &options)
     }
 
     QApplication::setStyle(QStringLiteral("fusion"));
+    // A robot finds its way about Qt's own only.
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs, !options.robot.isEmpty());
+    QApplication::setAttribute(Qt::AA_DontUseNativeMenuBar, !options.robot.isEmpty());
     QApplication qtApplication(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     Application application(options.applicationDirectory, options.vga);
     application.loadTranslation(QLibraryInfo::location(QLibraryInfo::TranslationsPath)
                                 + QLatin1String("/qtbase_"));
+    application.loadTranslation(application.applicationPath() + QLatin1String("language/kestmainprovider_"));
     KestMainProvider ownProvider(device.path() + QLatin1String("/config.ini"));
+    const ModalDialogs dialogs(application.engine());
+    std::optional<Robot> robot;
+    if (!options.robot.isEmpty())
+        robot.emplace(application.engine(), dialogs, options.robot);
     std::optional<UnattendedDialogs> unattendedDialogs;
     if (options.unattended)
-        unattendedDialogs.emplace(application.engine());
+        unattendedDialogs.emplace(
+            dialogs, robot ? UnattendedDialogs::Closing::Others : UnattendedDialogs::Closing::Own);
 
     ProviderPlugins plugins;
     const QString pluginProblem = plugins.load(options.plugins);
@@ -82,12 +94,13 @@ int runWidget(int &argc, char **argv, const RunOptions &options)
         return ExitStatus::cannotStart;
     }
 
-    WidgetRun run(application, options);
+    WidgetRun run(application, options, robot ? &*robot : nullptr);
     const QString formProblem = run.loadForm();
     if (!formProblem.isEmpty()) {
         tell(formProblem);
         return ExitStatus::cannotStart;
     }
+    const DeviceScreen screen(options.vga, run.window());
     plugins.start(application, ownProvider);
     const int status = run.execute();
     plugins.stop();

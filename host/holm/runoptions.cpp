@@ -5,6 +5,7 @@
 #include <QtCore/QCommandLineParser>
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
+#include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 #include <QtCore/QLocale>
 
@@ -57,6 +58,19 @@ QString readTimeout(const QString &text, std::chrono::milliseconds &timeout)
     return QString();
 }
 
+QString problemWithRobot(const QString &path)
+{
+    if (path.isEmpty())
+        return QStringLiteral("--robot wants the name of a file");
+    const QFileInfo info(path);
+    if (info.exists() && !info.isFile()) // which might never end
+        return QLatin1String("--robot: \"") + path + QLatin1String("\" is not a file");
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly)
+        ? QString()
+        : QLatin1String("--robot: \"") + path + QLatin1String("\" cannot be read: ") + file.errorString();
+}
+
 bool isLocale(const QString &name)
 {
     return name.isEmpty() || name == QLatin1String("C") || QLocale(name).language() != QLocale::C;
@@ -87,6 +101,7 @@ RunOptions RunOptions::parse(const QStringList &commandLine)
     const QCommandLineOption locale(QStringLiteral("locale"), QString(), QStringLiteral("NAME"));
     const QCommandLineOption vga(QStringLiteral("vga"));
     const QCommandLineOption unattended(QStringLiteral("unattended"));
+    const QCommandLineOption robot(QStringLiteral("robot"), QString(), QStringLiteral("FILE"));
     const QCommandLineOption timeout(QStringLiteral("timeout"), QString(), QStringLiteral("S"));
     const QCommandLineOption screenshot(QStringLiteral("screenshot"), QString(), QStringLiteral("F"));
     const QCommandLineOption debug(QStringLiteral("debug"));
@@ -96,7 +111,7 @@ RunOptions RunOptions::parse(const QStringList &commandLine)
     QCommandLineParser parser;
     parser.setOptionsAfterPositionalArgumentsMode(QCommandLineParser::ParseAsPositionalArguments);
     parser.addOptions(
-        {device, app, plugin, locale, vga, unattended, timeout, screenshot, debug, watch, help});
+        {device, app, plugin, locale, vga, unattended, robot, timeout, screenshot, debug, watch, help});
 
     RunOptions options;
     if (!parser.parse(QStringList(QStringLiteral("holm run")) + commandLine)) {
@@ -115,6 +130,7 @@ RunOptions RunOptions::parse(const QStringList &commandLine)
     options.locale = parser.value(locale);
     options.vga = parser.isSet(vga);
     options.unattended = parser.isSet(unattended);
+    options.robot = parser.value(robot);
     options.screenshot = parser.value(screenshot);
     options.debug = parser.isSet(debug);
     options.watch = parser.isSet(watch);
@@ -124,6 +140,8 @@ RunOptions RunOptions::parse(const QStringList &commandLine)
         options.timeout = unattendedTimeout;
     if (parser.isSet(timeout))
         options.error = readTimeout(parser.value(timeout), options.timeout);
+    if (options.error.isEmpty() && parser.isSet(robot))
+        options.error = problemWithRobot(options.robot);
     if (options.error.isEmpty())
         options.error = problemWith(options);
     if (options.error.isEmpty())
@@ -147,6 +165,7 @@ QString RunOptions::helpText()
         "  --vga            a high-density screen: window and fonts twice as large\n"
         "  --unattended     no screen, nobody to answer: message boxes go to standard error,\n"
         "                   other dialogs are cancelled\n"
+        "  --robot FILE     a second script, which answers dialogs by mouse and keys\n"
         "  --timeout S      end after S seconds with status 124 (unattended: 30 unless told)\n"
         "  --screenshot F   save the widget's window as a picture before ending\n"
         "  --debug          open the script debugger\n"
@@ -154,5 +173,6 @@ QString RunOptions::helpText()
         "  -h, --help       show this\n"
         "\n"
         "Status: what the script's quit(code) gave; 0 when the window was closed; 1 on a\n"
-        "script error; 2 when the run could not start; 124 when the time was over.\n");
+        "script error; 2 when the run could not start; 3 when the robot left a\n"
+        "dialog open; 124 when the time was over.\n");
 }

@@ -14,6 +14,7 @@ struct RunOptions
     QString locale; ///< empty: the system's
     bool vga = false;
     bool unattended = false;
+    QString robot; ///< the robot's script; empty: none
     std::chrono::milliseconds timeout{0}; ///< 0: none
     QString screenshot; ///< empty: none
     bool debug = false;
@@ -26,7 +27,7 @@ struct RunOptions
     bool help = false;
     QString error; ///< what is wrong with the command line, in plain words; else empty
 
-    /// Reads what follows "holm run". Checks that the widget is there.
+    /// Reads what follows "holm run". Checks that the widget is there, and that a robot's script can be read.
     static RunOptions parse(const QStringList &commandLine);
 
     static QString helpText();

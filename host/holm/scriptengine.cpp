@@ -12,6 +12,7 @@
 namespace {
 
 constexpr int longestFrame = 160;
+constexpr int mostBytes = 64 * 1024 * 1024; // of a script; a device file may go on for ever
 
 QString place(const QString &file, int line)
 {
@@ -39,7 +40,12 @@ struct Source
             error = path + QLatin1String(": ") + file.errorString();
             return;
         }
-        QTextStream stream(&file);
+        const QByteArray bytes = file.read(mostBytes + 1);
+        if (bytes.size() > mostBytes) {
+            error = path + QLatin1String(": longer than 64 MB, and so hardly a script");
+            return;
+        }
+        QTextStream stream(bytes);
         stream.setCodec("UTF-8");
         text = stream.readAll();
         error = syntaxErrorIn(text, path);

@@ -1,51 +1,22 @@
 #include "unattendeddialogs.h"
 
-#include "scriptengine.h"
+#include "modaldialogs.h"
 
-#include <QtCore/QEvent>
-#include <QtWidgets/QApplication>
-#include <QtWidgets/QLabel>
-#include <QtWidgets/QMessageBox>
-
-#include <iostream>
-
-namespace {
-
-// Input dialogs may have an empty title; their prompt names them then.
-QString titleOf(const QWidget *dialog)
+UnattendedDialogs::UnattendedDialogs(const ModalDialogs &dialogs, Closing closing)
 {
-    const auto *prompt = dialog->findChild<QLabel *>();
-    return dialog->windowTitle().isEmpty() && prompt ? prompt->text() : dialog->windowTitle();
+    connect(&dialogs, &ModalDialogs::opened, this, [closing](const ModalDialog &dialog) {
+        if (closing == Closing::Own)
+            answer(dialog);
+        else
+            dialog.tellMessage();
+    });
 }
 
-} // namespace
-
-UnattendedDialogs::UnattendedDialogs(const ScriptEngine &engine)
-    : m_engine(engine)
+void UnattendedDialogs::answer(const ModalDialog &dialog)
 {
-    qApp->installEventFilter(this);
-}
-
-bool UnattendedDialogs::eventFilter(QObject *watched, QEvent *event)
-{
-    auto *dialog = event->type() == QEvent::Show ? qobject_cast<QWidget *>(watched) : nullptr;
-    if (dialog && dialog->isWindow() && dialog->isModal())
-        answer(dialog);
-    return false;
-}
-
-void UnattendedDialogs::answer(QWidget *dialog) const
-{
-    if (const auto *box = qobject_cast<QMessageBox *>(dialog))
-        std::cerr << '[' << box->windowTitle().toStdString() << "] " << box->text().toStdString()
-                  << std::endl;
-    else
-        std::cerr << "[cancelled] " << titleOf(dialog).toStdString() << ", opened by "
-                  << m_engine.position().toStdString() << std::endl;
-
+    if (!dialog.tellMessage())
+        dialog.tellCancelled();
     // Queued: the dialog is being shown, and its event loop runs only after that.
-    if (auto *standard = qobject_cast<QDialog *>(dialog))
-        QMetaObject::invokeMethod(standard, &QDialog::reject, Qt::QueuedConnection);
-    else
-        QMetaObject::invokeMethod(dialog, &QWidget::close, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        dialog.window, [dialog] { dialog.cancel(); }, Qt::QueuedConnection);
 }

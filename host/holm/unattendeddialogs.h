@@ -2,8 +2,8 @@
 
 #include <QtCore/QObject>
 
-class QWidget;
-class ScriptEngine;
+class ModalDialogs;
+struct ModalDialog;
 
 /// Answers every modal dialog when nobody is there to do it, so that a run never hangs.
 ///
@@ -14,14 +14,11 @@ class UnattendedDialogs : public QObject
     Q_OBJECT
 
 public:
-    /// Watches the whole application. @p engine tells who opened a dialog.
-    explicit UnattendedDialogs(const ScriptEngine &engine);
+    /// Whose it is to close the dialogs. If another does it, only message boxes are told.
+    enum class Closing { Own, Others };
 
-protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
+    UnattendedDialogs(const ModalDialogs &dialogs, Closing closing);
 
 private:
-    void answer(QWidget *dialog) const;
-
-    const ScriptEngine &m_engine;
+    static void answer(const ModalDialog &dialog);
 };

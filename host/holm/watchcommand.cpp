@@ -171,8 +171,10 @@ void WatchCommand::stopChild()
 
 void WatchCommand::childEnded(int status)
 {
+    // Without a robot, that status can only be what the script gave to quit().
+    const bool robotFailed = status == ExitStatus::unanswered && !m_options.robot.isEmpty();
     const bool failed = m_child->exitStatus() == QProcess::CrashExit || status == ExitStatus::scriptError
-        || status == ExitStatus::cannotStart;
+        || status == ExitStatus::cannotStart || robotFailed;
     if (!failed) {
         QCoreApplication::exit(status);
         return;

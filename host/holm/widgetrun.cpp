@@ -2,6 +2,8 @@
 
 #include "application.h"
 #include "exitstatus.h"
+#include "robot.h"
+#include "scriptglobals.h"
 #include "unixsignals.h"
 #include "watchdog.h"
 #include "widgetform.h"
@@ -24,9 +26,10 @@ namespace {
 constexpr QSize debuggerSize(900, 640);
 }
 
-WidgetRun::WidgetRun(Application &application, const RunOptions &options)
+WidgetRun::WidgetRun(Application &application, const RunOptions &options, Robot *robot)
     : m_application(application)
     , m_options(options)
+    , m_robot(robot)
     , m_timers(application.engine(), application.calls())
     , m_signals(application)
 {
@@ -54,6 +57,11 @@ QString WidgetRun::loadForm()
     if (const auto *dialog = qobject_cast<QDialog *>(m_window.get()))
         connect(dialog, &QDialog::finished, this, [this] { m_application.engine().stop(ExitStatus::ok); });
     return QString();
+}
+
+const QWidget *WidgetRun::window() const
+{
+    return m_window.get();
 }
 
 int WidgetRun::execute()
@@ -103,7 +111,7 @@ void WidgetRun::publishGlobals()
 {
     ScriptEngine &engine = m_application.engine();
     QScriptValue global = engine.globalObject();
-    global.setProperty(QStringLiteral("print"), engine.newFunction(print));
+    global.setProperty(QStringLiteral("print"), engine.newFunction(ScriptGlobals::print));
     global.setProperty(QStringLiteral("include"), engine.newFunction(include, this));
     global.setProperty(QStringLiteral("quit"), engine.newFunction(quit, this));
     global.setProperty(QStringLiteral("args"), engine.toScriptValue(m_options.arguments));
@@ -119,21 +127,7 @@ void WidgetRun::publishWindow()
                                           QScriptValue::PropertyGetter);
         return;
     }
-    const auto wrapped = [&engine](QObject *object) {
-        // The engine's own way to children would give each of them a second wrapper.
-        return engine.newQObject(object, QScriptEngine::QtOwnership,
-                                 QScriptEngine::ExcludeDeleteLater | QScriptEngine::ExcludeChildObjects);
-    };
-    QScriptValue window = wrapped(m_window.get());
-    const QObjectList children = m_window->findChildren<QObject *>();
-    for (QObject *child : children) {
-        // Qt names its own parts "qt_..."; a property of the window itself must stay what it is.
-        const QString childName = child->objectName();
-        const bool isTaken = m_window->metaObject()->indexOfProperty(childName.toUtf8().constData()) >= 0;
-        if (!childName.isEmpty() && !childName.startsWith(QLatin1String("qt_")) && !isTaken)
-            window.setProperty(childName, wrapped(child));
-    }
-    engine.globalObject().setProperty(name, window);
+    engine.globalObject().setProperty(name, ScriptGlobals::wrapWindow(engine, *m_window));
 }
 
 void WidgetRun::attachDebugger()
@@ -147,6 +141,10 @@ void WidgetRun::attachDebugger()
 
 void WidgetRun::start()
 {
+    if (m_robot && !m_robot->load())
+        m_application.engine().stop(ExitStatus::scriptError);
+    if (m_application.engine().isQuitting())
+        return;
     if (m_window)
         m_window->show();
     const CallQueue::Scope scope(m_application.calls());
@@ -177,15 +175,6 @@ bool WidgetRun::saveScreenshot() const
               << (m_window ? ": the picture cannot be saved" : ": no picture, the widget has no window")
               << std::endl;
     return false;
-}
-
-QScriptValue WidgetRun::print(QScriptContext *context, QScriptEngine *)
-{
-    QStringList words;
-    for (const QScriptValue &argument : argumentsOf(context))
-        words.append(argument.toString());
-    std::cout << words.join(QLatin1Char(' ')).toStdString() << std::endl;
-    return QScriptValue();
 }
 
 QScriptValue WidgetRun::include(QScriptContext *context, QScriptEngine *, void *run)

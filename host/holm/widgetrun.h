@@ -13,6 +13,7 @@ class QScriptContext;
 class QScriptEngine;
 class QScriptEngineDebugger;
 class QWidget;
+class Robot;
 
 /// One run of one widget: its window, its script with the globals it sees, and its end.
 ///
@@ -24,14 +25,17 @@ class WidgetRun : public QObject
     Q_OBJECT
 
 public:
-    /// Both must outlive the run.
-    WidgetRun(Application &application, const RunOptions &options);
+    /// All must outlive the run. @p robot may be null.
+    WidgetRun(Application &application, const RunOptions &options, Robot *robot);
     ~WidgetRun() override;
 
     /// Makes the window, if the widget has a face. Returns an empty text or what is wrong.
     QString loadForm();
 
-    /// Runs the script, then the event loop until the end. Returns holm's exit status.
+    /// The window, or null.
+    const QWidget *window() const;
+
+    /// Loads the robot, runs the script, then the event loop until the end. Returns holm's exit status.
     int execute();
 
 protected:
@@ -46,13 +50,13 @@ private:
     void end(int status);
     bool saveScreenshot() const;
 
-    static QScriptValue print(QScriptContext *context, QScriptEngine *engine);
     static QScriptValue include(QScriptContext *context, QScriptEngine *engine, void *run);
     static QScriptValue quit(QScriptContext *context, QScriptEngine *engine, void *run);
     static QScriptValue noWindow(QScriptContext *context, QScriptEngine *engine, void *run);
 
     Application &m_application;
     const RunOptions &m_options;
+    Robot *const m_robot;
     ScriptTimers m_timers;
     SignalGate m_signals;
     std::unique_ptr<QWidget> m_window;
