@@ -48,19 +48,19 @@ declare function regEventUnSuscribe(object: object, path: string): void;
 
 // dialogs/
 
-/** Not available yet. Lets the user choose a file or, with folderMode, a folder; null if cancelled. */
-declare function browseFiles<T extends object>(thisObject: T, callback: (this: T, path: string | null) => void, folder?: string, filters?: string, showFolders?: boolean, folderMode?: boolean): void;
+/** Lets the user choose a file or, with folderMode, a folder; null if cancelled. Begins in the application directory; filters are wildcards with ";" between them. showFolders (default true) counts only as the last argument, and has to be a boolean for folderMode to count. */
+declare function browseFiles<T extends object>(thisObject: T, callback: (this: T, path: string | null) => void, folder?: string, filters?: string, showFolders?: unknown, folderMode?: unknown): void;
 
-/** Not available yet. Asks for a line of text; ok is false and the text empty if cancelled. */
+/** Asks for a line of text; ok is false and the text empty if cancelled. */
 declare function textInput<T extends object>(label: string, text: string, thisObject: T, callback: (this: T, ok: boolean, text: string) => void): void;
 
-/** Not available yet. Asks for a whole number; ok is false if cancelled. With a maximum, minimum is the only number allowed; with a step, maximum is the step. */
-declare function numInput<T extends object>(thisObject: T, callback: (this: T, ok: boolean, value: number) => void, label: string, value: number, minimum?: number, maximum?: number, step?: number, mode?: unknown): void;
+/** Asks for a whole number; if cancelled, ok is false and value comes back. With a maximum, the greatest number allowed is minimum; with a step as the last argument, the step is maximum. mode is ignored. */
+declare function numInput<T extends object>(thisObject: T, callback: (this: T, ok: boolean, value: number) => void, label: string, value: number, minimum?: unknown, maximum?: unknown, step?: unknown, mode?: unknown): void;
 
-/** Not available yet. Lets the user choose from entries; (false, null, -1) if cancelled. */
+/** Lets the user choose from entries, the one at index selected at first; (false, null, -1) if cancelled. The label is not shown. With valueOnOdd the entries are pairs of a text to show and a value to answer with. */
 declare function listInput<T extends object>(thisObject: T, callback: (this: T, ok: boolean, text: string | null, index: number) => void, label: string, index: number, entries: unknown[], valueOnOdd?: boolean): void;
-/** Not available yet. Lets the user choose from, or edit, a list kept in the configuration as one text (separator default ";"). */
-declare function listInput<T extends object>(thisObject: T, callback: (this: T, ok: boolean, text: string | null, index: number) => void, label: string, indexOrText: number | string, section: string, key: string, separator?: string, valueOnOdd?: boolean, byIndex?: boolean | null, editable?: boolean): void;
+/** Lets the user choose from, or edit, a list kept in the configuration as one text (separator default ";"; always that once edited). Without byIndex (default true) the entry selected at first is given by its text. (false, null, 0) if nothing is stored and editable (default false) is not set; a list of pairs cannot be edited. */
+declare function listInput<T extends object>(thisObject: T, callback: (this: T, ok: boolean, text: string | null, index: number) => void, label: string, indexOrText: number | string, section: string, key: string, separator?: string, valueOnOdd?: boolean, byIndex?: unknown, editable?: boolean): void;
 
 /** Not available yet. Lets the user choose a contact; its object identifier, or 0 if cancelled. */
 declare function selectContact<T extends object>(thisObject: T, callback: (this: T, oid: number) => void): void;
@@ -236,6 +236,37 @@ declare var args: string[];
 
 /** The window made from widget.ui: the properties, signals and slots of its class, and its named children. Without a widget.ui, reading it is an error. */
 declare var widget: KestWidget;
+
+/** Answers dialogs. Only the script of --robot sees it, and of all the rest only print. */
+declare var robot: HolmRobot;
+
+/** Acts on the dialog that has the input, by mouse and keys. What cannot be done, or without an open dialog, is thrown as an Error. */
+interface HolmRobot {
+    /** Has a function called for each modal dialog that opens: its properties, signals and slots, and its named children. A dialog that nobody closes within 5 seconds ends the run with status 3. */
+    onDialog(handler: (dialog: KestWidget) => void): void;
+    /** Types a text into what has the focus. */
+    type(text: string): void;
+    /** Presses a key, such as "Return", "PgDown" or "Ctrl+A". */
+    key(name: string): void;
+    /** Clicks a button, an action of a menu or a row of a list by its text, without "&". */
+    click(text: string): void;
+    /** Clicks a place in the dialog, in pixels. */
+    clickAt(x: number, y: number): void;
+    /** The texts of the rows of the dialog's list. */
+    rows(): string[];
+    /** The text of the selected row of the dialog's list. */
+    selected(): string | null;
+    /** Accepts the dialog, if one is open: by its button or else with Return. */
+    accept(): void;
+    /** Cancels the dialog, if one is open: by its button, or the action "actionExit" of its menu bar, or else with Esc. */
+    cancel(): void;
+    /** Saves a picture of the dialog. */
+    screenshot(file: string): void;
+    /** Waits so many milliseconds, also without a dialog. */
+    wait(milliseconds: number): void;
+    /** As the global print, also without a dialog. */
+    print(...values: any[]): void;
+}
 
 interface KestWidget {
     [member: string]: any;

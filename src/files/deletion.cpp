@@ -57,7 +57,7 @@ std::optional<QString> targetPath(const QString &path, const QString &directory)
     if (path.contains(QChar(QChar::Null)))
         return std::nullopt;
     if (!isAbsolutePath(path))
-        return resolvedPath(path);
+        return KestCommandProvider::resolvedPath(path);
     return isBelowAsText(path, directory) ? std::optional(path) : std::nullopt;
 }
 

@@ -1,4 +1,3 @@
-#include "files/paths.h"
 #include "orvanecore/functionarguments.h"
 #include "provider/argumentcheck.h"
 #include "provider/kestcommandprovider.h"

@@ -10,11 +10,9 @@ bool isAbsolutePath(const QString &path)
     return path.startsWith(QLatin1Char('\\')) || path.startsWith(QLatin1Char('/'));
 }
 
-QString resolvedPath(const QString &path)
+QString KestCommandProvider::resolvedPath(const QString &path)
 {
     const QString localPath =
         QString::fromStdU16String(platform::current().shell().localPath(path.toStdU16String()));
-    return isAbsolutePath(path)
-        ? localPath
-        : KestCommandProvider::instance()->application()->applicationPath() + localPath;
+    return isAbsolutePath(path) ? localPath : instance()->application()->applicationPath() + localPath;
 }

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace platform {
 
@@ -28,6 +30,14 @@ struct ShellExecution
     int show = 0;
 };
 
+/// What a folder holds. A link is what it leads to.
+struct FolderEntry
+{
+    std::u16string_view name; ///< valid during the call that hands it over
+    bool isFolder = false; ///< everything else counts as a file
+    bool isHidden = false;
+};
+
 /// The shell: starting things and finding folders. GUI thread only.
 class Shell
 {
@@ -49,6 +59,12 @@ public:
     /// Where file functions that know nothing of the device find @p path: the path itself, unless the
     /// device is a simulated one that keeps its folders elsewhere.
     virtual std::u16string localPath(const std::u16string &path) = 0;
+
+    /// Calls @p take for each entry of a folder but "." and "..", in no certain order (FindFirstFile,
+    /// FindNextFile). @p directory is as localPath() gives it. A folder that does not exist, or may not be
+    /// read, has no entries. Those whose names are no text are left out.
+    virtual void listFolder(const std::u16string &directory,
+                            const std::function<void(const FolderEntry &)> &take) = 0;
 };
 
 } // namespace platform

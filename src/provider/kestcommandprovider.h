@@ -67,6 +67,10 @@ public:
     /// whose name holds ".exe" gets @p parameters. A failure is not reported.
     static void launch(const QString &file, const QString &parameters);
 
+    /// The path of the file that a script means by @p path: where the device has it if it begins with a slash
+    /// or a backslash, else below the application directory.
+    static QString resolvedPath(const QString &path);
+
     // registry/
     void readReg(FunctionArguments *arguments);
     void writeReg(FunctionArguments *arguments);
@@ -137,6 +141,12 @@ protected:
 private:
     void initialize_functions();
     QScriptValue toArray(const QStringList &texts);
+
+    void chooseOfGivenEntries(const FunctionArguments &arguments);
+    void chooseOfStoredEntries(const FunctionArguments &arguments);
+    void editList(const FunctionArguments &arguments, const QStringList &entries, int index, bool editable,
+                  bool valueOnOdd);
+    void storeList(const FunctionArguments &arguments, const QStringList &entries);
 
     KestMainProvider *configuration() const;
     static void deleteRecursive(QDir &dir);

@@ -145,6 +145,23 @@ TEST_F(ProviderTest, BadArgumentsAreReportedOnceAndDoNothing)
         {"s2pStatus", "5, cb"},
         {"s2pStatus", "this, {}"},
         {"s2pStatus", "this, cb, 1"},
+        {"browseFiles", "this"},
+        {"browseFiles", "this, cb, '/', '', true, true, 1"},
+        {"browseFiles", "this, {}"},
+        {"textInput", "'l', 't', this"},
+        {"textInput", "'l', 't', this, cb, 1"},
+        {"textInput", "'l', 5, this, cb"},
+        {"textInput", "'l', 't', 'x', cb"},
+        {"numInput", "this, cb, 'l'"},
+        {"numInput", "this, cb, 'l', 1, 2, 3, 4, 5, 6"},
+        {"numInput", "this, cb, 'l', '1'"},
+        {"numInput", "this, cb, 5, 1"},
+        {"listInput", "this, cb, 'l', 0"},
+        {"listInput", "this, cb, 'l', 0, 'section'"},
+        {"listInput", "this, cb, 'l', 0, {}"},
+        {"listInput", "this, cb, 'l', '0', ['a']"},
+        {"listInput", "this, cb, 5, 0, 'section', 'key'"},
+        {"listInput", "this, cb, 'l', 0, 'section', 'key', ';', false, true, false, 1"},
     };
     for (const auto &[function, arguments] : calls) {
         const QString call = QStringLiteral("%1(%2)").arg(QLatin1String(function), QLatin1String(arguments));

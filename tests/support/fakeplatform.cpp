@@ -1,5 +1,7 @@
 #include "fakeplatform.h"
 
+#include "platform/desktop/localfolder.h"
+
 #include <algorithm>
 
 bool FakeShell::execute(const platform::ShellExecution &execution)
@@ -25,6 +27,12 @@ std::u16string FakeShell::localPath(const std::u16string &path)
     std::u16string local = path;
     std::replace(local.begin(), local.end(), u'\\', u'/');
     return local;
+}
+
+void FakeShell::listFolder(const std::u16string &directory,
+                           const std::function<void(const platform::FolderEntry &)> &take)
+{
+    platform::listLocalFolder(QString::fromStdU16String(directory), take);
 }
 
 void FakeMessageBox::show(const std::u16string &text, const std::u16string &caption)

@@ -15,6 +15,8 @@ public:
     std::optional<std::u16string> specialFolder(platform::SpecialFolder folder, bool create) override;
     bool exists(const std::u16string &path) override;
     std::u16string localPath(const std::u16string &path) override;
+    void listFolder(const std::u16string &directory,
+                    const std::function<void(const platform::FolderEntry &)> &take) override;
 
     std::vector<platform::ShellExecution> executions;
     QStringList askedFolders;

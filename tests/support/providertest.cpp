@@ -24,6 +24,18 @@ void RecordingApplication::loadTranslation(const QString &basePath)
     calls.append(QLatin1String("loadTranslation ") + basePath);
 }
 
+void RecordingApplication::setNativeDialogOpen(bool open)
+{
+    calls.append(QStringLiteral("setNativeDialogOpen %1").arg(open));
+}
+
+QScriptValue RecordingApplication::callFunction(const QScriptValue &thisObject, const QScriptValue &function,
+                                                const QScriptValueList &arguments, bool reportErrors)
+{
+    calls.append(QStringLiteral("callFunction"));
+    return Application::callFunction(thisObject, function, arguments, reportErrors);
+}
+
 class ProviderTest::MessageReader : public QObject
 {
 public:

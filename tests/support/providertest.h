@@ -28,6 +28,9 @@ public:
                           int index) override;
     IProvider *provider(const QString &name) const override;
     void loadTranslation(const QString &basePath) override;
+    void setNativeDialogOpen(bool open) override;
+    QScriptValue callFunction(const QScriptValue &thisObject, const QScriptValue &function,
+                              const QScriptValueList &arguments, bool reportErrors) override;
 
     QStringList registered;
     mutable QStringList calls;

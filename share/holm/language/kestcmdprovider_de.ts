@@ -45,15 +45,45 @@
     </message>
     <message>
         <source>The header of the answer is too long.</source>
-        <translation>Der Kopf der Antwort ist zu lang.</translation>
+        <translation>Der Header der Antwort ist zu lang.</translation>
     </message>
     <message>
         <source>The answer is longer than 256 MB.</source>
-        <translation>Die Antwort ist länger als 256 MB.</translation>
+        <translation>Die Antwort ist größer als 256 MB.</translation>
     </message>
     <message>
         <source>The answer cannot be unpacked.</source>
         <translation>Die Antwort kann nicht entpackt werden.</translation>
+    </message>
+    <message>
+        <source>Cannot edit with valueOnOdd set to true.</source>
+        <translation>Wenn valueOnOdd auf true gesetzt ist, kann nicht bearbeitet werden.</translation>
+    </message>
+    <message>
+        <source>Invalid Index.</source>
+        <translation>Ungültiger Index.</translation>
+    </message>
+</context>
+<context>
+    <name>FileSelector</name>
+    <message>
+        <source>File Browser</source>
+        <translation>Dateibrowser</translation>
+    </message>
+    <message>
+        <source>Select</source>
+        <translation>Auswählen</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Keine</translation>
+    </message>
+</context>
+<context>
+    <name>WidgetsSelector</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
     </message>
 </context>
 </TS>

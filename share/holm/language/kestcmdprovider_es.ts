@@ -21,7 +21,7 @@
     </message>
     <message>
         <source>null device</source>
-        <translation>ningún dispositivo</translation>
+        <translation>sin dispositivo</translation>
     </message>
     <message>
         <source>already on</source>
@@ -49,11 +49,41 @@
     </message>
     <message>
         <source>The answer is longer than 256 MB.</source>
-        <translation>La respuesta tiene más de 256 MB.</translation>
+        <translation>La respuesta supera los 256 MB.</translation>
     </message>
     <message>
         <source>The answer cannot be unpacked.</source>
         <translation>No se puede descomprimir la respuesta.</translation>
+    </message>
+    <message>
+        <source>Cannot edit with valueOnOdd set to true.</source>
+        <translation>No se puede editar si valueOnOdd es true.</translation>
+    </message>
+    <message>
+        <source>Invalid Index.</source>
+        <translation>Índice no válido.</translation>
+    </message>
+</context>
+<context>
+    <name>FileSelector</name>
+    <message>
+        <source>File Browser</source>
+        <translation>Explorador de archivos</translation>
+    </message>
+    <message>
+        <source>Select</source>
+        <translation>Seleccionar</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Ninguno</translation>
+    </message>
+</context>
+<context>
+    <name>WidgetsSelector</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
     </message>
 </context>
 </TS>

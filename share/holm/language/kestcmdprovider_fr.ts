@@ -55,5 +55,35 @@
         <source>The answer cannot be unpacked.</source>
         <translation>La réponse ne peut pas être décompressée.</translation>
     </message>
+    <message>
+        <source>Cannot edit with valueOnOdd set to true.</source>
+        <translation>Modification impossible lorsque valueOnOdd vaut true.</translation>
+    </message>
+    <message>
+        <source>Invalid Index.</source>
+        <translation>Index non valide.</translation>
+    </message>
+</context>
+<context>
+    <name>FileSelector</name>
+    <message>
+        <source>File Browser</source>
+        <translation>Explorateur de fichiers</translation>
+    </message>
+    <message>
+        <source>Select</source>
+        <translation>Sélectionner</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Aucun</translation>
+    </message>
+</context>
+<context>
+    <name>WidgetsSelector</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
 </context>
 </TS>

@@ -21,7 +21,7 @@
     </message>
     <message>
         <source>null device</source>
-        <translation>没有设备</translation>
+        <translation>无设备</translation>
     </message>
     <message>
         <source>already on</source>
@@ -33,7 +33,7 @@
     </message>
     <message>
         <source>Could not change state to on </source>
-        <translation>无法打开设备：</translation>
+        <translation>无法开启设备：</translation>
     </message>
     <message>
         <source>Could not change state to off </source>
@@ -45,15 +45,45 @@
     </message>
     <message>
         <source>The header of the answer is too long.</source>
-        <translation>应答的标头过长。</translation>
+        <translation>响应头过长。</translation>
     </message>
     <message>
         <source>The answer is longer than 256 MB.</source>
-        <translation>应答超过 256 MB。</translation>
+        <translation>响应超过 256 MB。</translation>
     </message>
     <message>
         <source>The answer cannot be unpacked.</source>
-        <translation>无法解压应答。</translation>
+        <translation>无法解压响应。</translation>
+    </message>
+    <message>
+        <source>Cannot edit with valueOnOdd set to true.</source>
+        <translation>valueOnOdd 为 true 时无法编辑。</translation>
+    </message>
+    <message>
+        <source>Invalid Index.</source>
+        <translation>索引无效。</translation>
+    </message>
+</context>
+<context>
+    <name>FileSelector</name>
+    <message>
+        <source>File Browser</source>
+        <translation>文件浏览器</translation>
+    </message>
+    <message>
+        <source>Select</source>
+        <translation>选择</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>无</translation>
+    </message>
+</context>
+<context>
+    <name>WidgetsSelector</name>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
     </message>
 </context>
 </TS>

@@ -1,6 +1,7 @@
 #include "platform/desktop/desktopshell.h"
 
 #include "platform/desktop/commandline.h"
+#include "platform/desktop/localfolder.h"
 #include "platform/desktop/shortcutfile.h"
 
 #include <QtCore/QDir>
@@ -64,6 +65,12 @@ bool DesktopShell::exists(const std::u16string &path)
 std::u16string DesktopShell::localPath(const std::u16string &path)
 {
     return m_device.localPath(QString::fromStdU16String(path)).toStdU16String();
+}
+
+void DesktopShell::listFolder(const std::u16string &directory,
+                              const std::function<void(const FolderEntry &)> &take)
+{
+    listLocalFolder(QString::fromStdU16String(directory), take);
 }
 
 bool DesktopShell::start(const QString &file, const QString &parameters, const QString &directory,

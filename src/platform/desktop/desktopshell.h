@@ -22,6 +22,8 @@ public:
     std::optional<std::u16string> specialFolder(SpecialFolder folder, bool create) override;
     bool exists(const std::u16string &path) override;
     std::u16string localPath(const std::u16string &path) override;
+    void listFolder(const std::u16string &directory,
+                    const std::function<void(const FolderEntry &)> &take) override;
 
 private:
     bool start(const QString &file, const QString &parameters, const QString &directory, int linksLeft) const;

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QtCore/QStringList>
+
+/// The names in a folder, each list sorted by name with upper and lower case as the same.
+struct FolderListing
+{
+    QStringList folders; ///< without hidden ones
+    QStringList files; ///< hidden ones, and those that are no regular files, included
+};
+
+/// Lists a folder. @p filters are wildcards for the files' names; "*.*" stands for every file, also one
+/// without a dot. A folder that is not there or cannot be read gives empty lists.
+FolderListing listFolder(const QString &directory, const QStringList &filters);

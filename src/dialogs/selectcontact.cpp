@@ -1,0 +1,7 @@
+#include "provider/argumentcheck.h"
+#include "provider/kestcommandprovider.h"
+
+void KestCommandProvider::selectContact(FunctionArguments *)
+{
+    warnNotAvailable("selectContact");
+}
