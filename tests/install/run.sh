@@ -29,7 +29,7 @@ quietly() {
 
 mkdir "$folder/home"
 quietly cmake --install "$build" --prefix "$prefix"
-expect_output $'Hello! This is run number 1.\nPictures that came with the host: 2' \
+expect_output $'Hello, stranger! This is run number 1.\nPictures that came with the host: 2' \
     "$prefix/bin/holm" run --unattended --device "$folder/dev" "$prefix/share/holm/widgets/hello"
 
 quietly clean cmake -G Ninja -S "$sources/sampleprovider" -B "$folder/sample" -DCMAKE_PREFIX_PATH="$prefix"
