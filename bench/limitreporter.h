@@ -5,9 +5,8 @@
 #include <map>
 #include <string>
 
-/// Prints the results as usual and then, for each pair of benchmarks that has a limit, how many times longer
-/// the first takes than the second, the best of all repetitions counting; and for each counter that has one,
-/// the largest value of all repetitions.
+/// Prints the results as usual and then what has a limit: the time of a benchmark, or its ratio to that of
+/// another, the best of all repetitions counting; and the largest value of a counter in all repetitions.
 class LimitReporter : public benchmark::ConsoleReporter
 {
 public:
@@ -17,6 +16,8 @@ public:
     bool keepsLimits() const;
 
 private:
+    void judge(const std::string &what, double value, double most);
+
     std::map<std::string, double> m_bestTimes;
     std::map<std::pair<std::string, std::string>, double> m_counters;
     bool m_keepsLimits = true;

@@ -1,15 +1,10 @@
+#include "folderoffiles.h"
 #include "holm/application.h"
 #include "provider/kestcommandprovider.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFile>
-#include <QtCore/QTemporaryDir>
 #include <benchmark/benchmark.h>
-
-namespace {
-
-constexpr int fileCount = 100000;
-constexpr int repetitions = 5;
 
 const QTemporaryDir &folderOfFiles()
 {
@@ -22,6 +17,10 @@ const QTemporaryDir &folderOfFiles()
     Q_UNUSED(isFilled)
     return folder;
 }
+
+namespace {
+
+constexpr int repetitions = 5;
 
 void getFilesOf100000(benchmark::State &state)
 {
