@@ -38,10 +38,10 @@ void makeKinetic(QWidget *viewport)
 
 } // namespace
 
-class FlickList::Painter : public QAbstractItemDelegate
+class FlickList::RowDelegate : public QAbstractItemDelegate
 {
 public:
-    explicit Painter(FlickList *list)
+    explicit RowDelegate(FlickList *list)
         : QAbstractItemDelegate(list)
         , m_list(*list)
     {
@@ -81,7 +81,7 @@ FlickList::FlickList(QWidget *parent)
     verticalScrollBar()->setStyleSheet(QLatin1String(scrollBarLooks));
     setEditTriggers(NoEditTriggers);
     setModel(m_model);
-    setItemDelegate(new Painter(this));
+    setItemDelegate(new RowDelegate(this));
     makeKinetic(viewport());
 }
 

@@ -82,7 +82,7 @@ protected:
     void selectionChanged(const QItemSelection &selected, const QItemSelection &deselected) override;
 
 private:
-    class Painter;
+    class RowDelegate;
     friend class IFlickListItem;
 
     void scheduleLayout();

@@ -9,11 +9,6 @@
 
 namespace {
 
-// The time that QXmlStreamReader takes for a tag grows with the square of its attributes, so that tags have
-// to end within some pieces.
-constexpr int pieceBytes = 4096;
-constexpr int mostPiecesOfAToken = 4;
-
 constexpr double largestNumber = 10000;
 constexpr int largestPixelSize = 1000;
 constexpr int quotedCharacters = 60;
@@ -68,7 +63,7 @@ const ValueType valueTypes[] = {
 } // namespace
 
 FlickListStyleReader::FlickListStyleReader(const QByteArray &bytes)
-    : m_bytes(bytes)
+    : m_xml(bytes)
 {
 }
 
@@ -96,25 +91,11 @@ QString FlickListStyleReader::problem() const
                             : QString();
 }
 
-void FlickListStyleReader::readNext()
-{
-    m_xml.readNext();
-    for (int pieces = 0;
-         m_xml.error() == QXmlStreamReader::PrematureEndOfDocumentError && m_bytesTaken < m_bytes.size();
-         ++pieces) {
-        if (pieces == mostPiecesOfAToken)
-            return fail(QStringLiteral("a tag, text or comment is too long"));
-        m_xml.addData(m_bytes.mid(m_bytesTaken, pieceBytes));
-        m_bytesTaken += pieceBytes;
-        m_xml.readNext();
-    }
-}
-
 /// Goes to where a child begins. Returns false at the end of the element instead, or of the document.
 bool FlickListStyleReader::readNextChild()
 {
     do {
-        readNext();
+        m_xml.readNext();
         if (m_xml.isDTD())
             fail(QStringLiteral("a document type is not allowed"));
         else if (m_xml.isCharacters() && !m_xml.isWhitespace())
@@ -127,7 +108,7 @@ bool FlickListStyleReader::readNextChild()
 QString FlickListStyleReader::readText()
 {
     QString text;
-    for (readNext(); !m_xml.isEndElement() && !m_xml.hasError(); readNext()) {
+    for (m_xml.readNext(); !m_xml.isEndElement() && !m_xml.hasError(); m_xml.readNext()) {
         if (m_xml.isStartElement())
             refuseElement();
         else if (m_xml.isCharacters() || m_xml.isEntityReference())
@@ -189,6 +170,6 @@ void FlickListStyleReader::refuseElement()
 /// The first problem stands; what comes after it may be its consequence.
 void FlickListStyleReader::fail(const QString &problem)
 {
-    if (!m_xml.hasError() || m_xml.error() == QXmlStreamReader::PrematureEndOfDocumentError)
+    if (!m_xml.hasError())
         m_xml.raiseError(problem);
 }

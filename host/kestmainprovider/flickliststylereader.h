@@ -23,7 +23,6 @@ public:
     QHash<QString, QString> pictures; ///< paths by name
 
 private:
-    void readNext();
     bool readNextChild();
     QString readText();
     QString readName(const QString &attribute);
@@ -33,7 +32,5 @@ private:
     void refuseElement();
     void fail(const QString &problem);
 
-    const QByteArray m_bytes;
-    int m_bytesTaken = 0;
     QXmlStreamReader m_xml;
 };

@@ -83,14 +83,10 @@ void FileSelector::clicked(IFlickListItem *item)
 
 void FileSelector::closeSelecting()
 {
-    const auto *row = dynamic_cast<const FLFileItem *>(list().selectedItem());
-    if (!row)
+    if (!list().selectedItem())
         return;
-    // Not the selected folder, but the one that it is in; ".." is in the folder that is shown.
-    if (!m_folderMode)
-        m_result = QStringLiteral("None");
-    else
-        m_result = row->isUp() ? QDir(m_currentDirectory).absolutePath() : row->fileInfo().absolutePath();
+    // Not the selected folder, but the one that it is in, as all rows are.
+    m_result = m_folderMode ? QDir(m_currentDirectory).absolutePath() : QStringLiteral("None");
     close();
 }
 
@@ -98,23 +94,21 @@ void FileSelector::loadDir(const QString &name)
 {
     list().clear();
     list().beginInitialize();
-    const FolderListing content = listFolder(m_currentDirectory, m_filters);
+    const FolderListing content = listFolder(m_currentDirectory, m_folderMode ? QStringList() : m_filters);
     if (m_showFolders) {
         if (m_currentDirectory.size() > 1)
             list().addItem(std::make_unique<FLFileItem>());
         for (const QString &folder : content.folders)
             list().addItem(std::make_unique<FLFileItem>(m_currentDirectory, folder, true));
     }
-    if (!m_folderMode) {
-        const bool mayMark = !name.isEmpty() && m_currentDirectory == m_initialDirectory;
-        int marked = -1;
-        for (const QString &file : content.files) {
-            if (mayMark && marked < 0 && file == name)
-                marked = list().itemCount();
-            list().addItem(std::make_unique<FLFileItem>(m_currentDirectory, file, false));
-        }
-        list().selectRow(marked);
+    const bool mayMark = !name.isEmpty() && m_currentDirectory == m_initialDirectory;
+    int marked = -1;
+    for (const QString &file : content.files) {
+        if (mayMark && marked < 0 && file == name)
+            marked = list().itemCount();
+        list().addItem(std::make_unique<FLFileItem>(m_currentDirectory, file, false));
     }
+    list().selectRow(marked);
     list().endInitialize();
 }
 

@@ -10,5 +10,6 @@ struct FolderListing
 };
 
 /// Lists a folder. @p filters are wildcards for the files' names; "*.*" stands for every file, also one
-/// without a dot. A folder that is not there or cannot be read gives empty lists.
+/// without a dot, and without any filter there are no files. A folder that is not there or cannot be read
+/// gives empty lists.
 FolderListing listFolder(const QString &directory, const QStringList &filters);
