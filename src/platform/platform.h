@@ -5,8 +5,10 @@
 namespace platform {
 
 class Bluetooth;
+class Clock;
 class ConnectionManager;
 class DevicePower;
+class HiddenWindows;
 class MessageBox;
 class Registry;
 class Shell;
@@ -31,6 +33,8 @@ public:
     virtual DevicePower &power() = 0;
     virtual SoundSettings &sound() = 0;
     virtual ConnectionManager &connections() = 0;
+    virtual HiddenWindows &hiddenWindows() = 0;
+    virtual Clock &clock() = 0;
 };
 
 /// The platform in force: the one installed last, else the back end that this build is for, made on

@@ -72,6 +72,8 @@ public:
     {
         return connectionsInForce ? *connectionsInForce : device.connections();
     }
+    platform::HiddenWindows &hiddenWindows() override { return device.hiddenWindows(); }
+    platform::Clock &clock() override { return clockInForce ? *clockInForce : device.clock(); }
 
     platform::DesktopPlatform device;
     FakeShell fakeShell;
@@ -83,4 +85,5 @@ public:
     platform::DevicePower *powerInForce = nullptr;
     platform::SoundSettings *soundInForce = nullptr;
     platform::ConnectionManager *connectionsInForce = nullptr;
+    platform::Clock *clockInForce = nullptr;
 };

@@ -61,4 +61,14 @@ ConnectionManager &DesktopPlatform::connections()
     return m_connections;
 }
 
+HiddenWindows &DesktopPlatform::hiddenWindows()
+{
+    return m_hiddenWindows;
+}
+
+Clock &DesktopPlatform::clock()
+{
+    return m_clock;
+}
+
 } // namespace platform

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "platform/desktop/desktopclock.h"
 #include "platform/desktop/desktopconnections.h"
+#include "platform/desktop/desktophiddenwindows.h"
 #include "platform/desktop/desktopmessagebox.h"
 #include "platform/desktop/desktopregistry.h"
 #include "platform/desktop/desktopshell.h"
@@ -29,6 +31,8 @@ public:
     DevicePower &power() override;
     SoundSettings &sound() override;
     ConnectionManager &connections() override;
+    HiddenWindows &hiddenWindows() override;
+    Clock &clock() override;
 
 private:
     DesktopShell m_shell;
@@ -42,6 +46,8 @@ private:
     DesktopPower m_power;
     DesktopSound m_sound;
     DesktopConnections m_connections;
+    DesktopHiddenWindows m_hiddenWindows;
+    DesktopClock m_clock;
 };
 
 } // namespace platform
