@@ -16,6 +16,8 @@ const Limit limits[] = {
     {"callThroughInvoke", "callBareFunction", 1.5},
     {"fetch1000Files", "curl1000Files", 1.5},
     {"getFilesOf100000", "listDirectoryOf100000", 1.3},
+    {"nextAppointmentsOf10000", "khalListOf10000", 0.05},
+    {"openCalendarOf10000", "readAppointmentsOf10000Files", 3},
     {"parseRssOf20000Items", "readXmlOf20000Items", 1.3},
 };
 
@@ -28,6 +30,7 @@ struct TimeLimit
 
 const TimeLimit timeLimits[] = {
     {"browseFolderOf100000", 150},
+    {"nextAppointmentsOf10000", 20},
 };
 
 /// On what a benchmark counts itself.

@@ -2,23 +2,7 @@
 
 #include <platform/desktop/registrydata.h>
 
-#include <algorithm>
 #include <iterator>
-
-namespace {
-
-QString escaped(QChar c)
-{
-    if (c == QLatin1Char('\n'))
-        return QStringLiteral("\\n");
-    if (c == QLatin1Char('\r'))
-        return QStringLiteral("\\r");
-    if (c == QLatin1Char('\t'))
-        return QStringLiteral("\\t");
-    return QStringLiteral("\\u%1").arg(c.unicode(), 4, 16, QLatin1Char('0'));
-}
-
-} // namespace
 
 QString toReadableText(const platform::RegistryValue &value)
 {
@@ -48,33 +32,4 @@ QString typeName(quint32 type)
                                         "REG_RESOURCE_REQUIREMENTS_LIST",
                                         "REG_QWORD"};
     return type < std::size(names) ? QLatin1String(names[type]) : QString::number(type);
-}
-
-QString onOneLine(const QString &text)
-{
-    QString result;
-    result.reserve(text.size());
-    for (int i = 0; i < text.size(); ++i) {
-        const QChar c = text.at(i);
-        const bool isPair = c.isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate();
-        if (isPair)
-            result += text.midRef(i++, 2);
-        else if (c.isSurrogate() || breaksLine(c))
-            result += escaped(c);
-        else
-            result += c;
-    }
-    return result;
-}
-
-bool breaksLine(QChar c)
-{
-    switch (c.category()) {
-    case QChar::Other_Control:
-    case QChar::Separator_Line:
-    case QChar::Separator_Paragraph:
-        return true;
-    default:
-        return false;
-    }
 }

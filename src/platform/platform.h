@@ -10,6 +10,7 @@ class ConnectionManager;
 class DevicePower;
 class HiddenWindows;
 class MessageBox;
+class PocketOutlook;
 class Registry;
 class Shell;
 class SoundSettings;
@@ -34,6 +35,7 @@ public:
     virtual SoundSettings &sound() = 0;
     virtual ConnectionManager &connections() = 0;
     virtual HiddenWindows &hiddenWindows() = 0;
+    virtual PocketOutlook &pocketOutlook() = 0;
     virtual Clock &clock() = 0;
 };
 

@@ -73,6 +73,10 @@ public:
         return connectionsInForce ? *connectionsInForce : device.connections();
     }
     platform::HiddenWindows &hiddenWindows() override { return device.hiddenWindows(); }
+    platform::PocketOutlook &pocketOutlook() override
+    {
+        return outlookInForce ? *outlookInForce : device.pocketOutlook();
+    }
     platform::Clock &clock() override { return clockInForce ? *clockInForce : device.clock(); }
 
     platform::DesktopPlatform device;
@@ -85,5 +89,6 @@ public:
     platform::DevicePower *powerInForce = nullptr;
     platform::SoundSettings *soundInForce = nullptr;
     platform::ConnectionManager *connectionsInForce = nullptr;
+    platform::PocketOutlook *outlookInForce = nullptr;
     platform::Clock *clockInForce = nullptr;
 };

@@ -13,6 +13,7 @@ DesktopPlatform::DesktopPlatform(const DeviceFolder &device)
     , m_power(m_hardware)
     , m_sound(m_hardware)
     , m_connections(m_hardware)
+    , m_outlook(device, m_hiddenWindows)
 {
 }
 
@@ -64,6 +65,11 @@ ConnectionManager &DesktopPlatform::connections()
 HiddenWindows &DesktopPlatform::hiddenWindows()
 {
     return m_hiddenWindows;
+}
+
+PocketOutlook &DesktopPlatform::pocketOutlook()
+{
+    return m_outlook;
 }
 
 Clock &DesktopPlatform::clock()

@@ -11,6 +11,7 @@
 #include "platform/desktop/desktopwireless.h"
 #include "platform/desktop/devicefolder.h"
 #include "platform/desktop/hardwarestate.h"
+#include "platform/desktop/outlook/desktopoutlook.h"
 #include "platform/desktop/registrystore.h"
 #include "platform/platform.h"
 
@@ -32,6 +33,7 @@ public:
     SoundSettings &sound() override;
     ConnectionManager &connections() override;
     HiddenWindows &hiddenWindows() override;
+    PocketOutlook &pocketOutlook() override;
     Clock &clock() override;
 
 private:
@@ -47,6 +49,7 @@ private:
     DesktopSound m_sound;
     DesktopConnections m_connections;
     DesktopHiddenWindows m_hiddenWindows;
+    DesktopOutlook m_outlook;
     DesktopClock m_clock;
 };
 

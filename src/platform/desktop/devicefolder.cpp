@@ -1,5 +1,7 @@
 #include "platform/desktop/devicefolder.h"
 
+#include "platform/desktop/outlook/sampleoutlook.h"
+
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
 #include <QtCore/QSaveFile>
@@ -39,15 +41,19 @@ const SampleFile sampleFiles[] = {
     {"Programs/Hello.lnk", "48#\"\\Program Files\\Hello\\hello.exe\" from a shortcut\r\n"},
 };
 
+bool writeFile(const QString &path, const QByteArray &content)
+{
+    QSaveFile file(path);
+    return QDir().mkpath(QFileInfo(path).path()) && file.open(QIODevice::WriteOnly)
+        && file.write(content) == content.size() && file.commit();
+}
+
 bool writeSample(const QString &folder, const SampleFile &sample)
 {
     const QString path = folder + QLatin1Char('/') + QLatin1String(sample.path);
-    QSaveFile file(path);
-    if (!QDir().mkpath(QFileInfo(path).path()) || !file.open(QIODevice::WriteOnly)
-        || file.write(sample.content) < 0 || !file.commit())
-        return false;
-    return !sample.executable
-        || QFile::setPermissions(path, QFile::permissions(path) | QFile::ExeOwner | QFile::ExeUser);
+    return writeFile(path, sample.content)
+        && (!sample.executable
+            || QFile::setPermissions(path, QFile::permissions(path) | QFile::ExeOwner | QFile::ExeUser));
 }
 
 QString withoutLetterCase(const QDir &folder, const QString &name)
@@ -103,6 +109,9 @@ QString DeviceFolder::create() const
             return m_path + QLatin1Char('/') + QLatin1String(sample.path)
                 + QLatin1String(": the sample file cannot be written");
     }
+    // Where a folder of these is missing, the store tells so when it is asked for.
+    for (const SampleItem &item : sampleItems(QDate::currentDate()))
+        writeFile(m_path + QLatin1Char('/') + item.path, item.content);
     return QString();
 }
 

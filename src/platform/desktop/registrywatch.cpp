@@ -84,7 +84,9 @@ public:
     {
         m_isWatching = m_files.isValid() && m_end.isValid()
             && m_database.open(device.path() + QLatin1String("/registry.db")) && watchLog()
-            && inTransaction([this] { return m_watchers.enter(m_database) && startAtLatestChange(); })
+            && m_database.inTransaction(
+                SqliteDatabase::Access::Write,
+                [this] { return m_watchers.enter(m_database) && startAtLatestChange(); })
             && startThread();
     }
 
@@ -94,7 +96,9 @@ public:
             return;
         eventfd_write(m_end.get(), 1);
         m_thread.join();
-        inTransaction([this] { return m_watchers.leave(m_database) && m_watchers.cutChanges(m_database); });
+        m_database.inTransaction(SqliteDatabase::Access::Write, [this] {
+            return m_watchers.leave(m_database) && m_watchers.cutChanges(m_database);
+        });
     }
 
     Session(const Session &) = delete;
@@ -134,17 +138,6 @@ public:
     }
 
 private:
-    template <typename Work>
-    bool inTransaction(Work work)
-    {
-        if (!m_database.execute("BEGIN IMMEDIATE"))
-            return false;
-        if (work() && m_database.execute("COMMIT"))
-            return true;
-        m_database.execute("ROLLBACK");
-        return false;
-    }
-
     bool watchLog()
     {
         const QFileInfo file(m_database.file());
@@ -263,7 +256,7 @@ private:
 
     void tellPosition()
     {
-        if (inTransaction([this] {
+        if (m_database.inTransaction(SqliteDatabase::Access::Write, [this] {
                 return m_watchers.setPosition(m_database, m_position) && m_watchers.cutChanges(m_database);
             }))
             m_toldPosition = m_position;

@@ -16,7 +16,6 @@ using Clock = std::chrono::steady_clock;
 // SQLite's own waiting grows to 100 ms a turn, in which a writer that never rests gets in first again and
 // again.
 constexpr std::chrono::microseconds turn(500);
-constexpr std::chrono::seconds patience(10);
 
 struct StatementCloser
 {
@@ -34,8 +33,9 @@ public:
         sqlite3_close(m_handle);
     }
 
-    bool open(const QString &file)
+    bool open(const QString &file, std::chrono::milliseconds patience)
     {
+        m_patience = patience;
         if (sqlite3_open_v2(QFile::encodeName(file).constData(), &m_handle,
                             SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX, nullptr)
             != SQLITE_OK)
@@ -61,18 +61,16 @@ private:
     // That needs the file alone for a moment, and SQLite does not wait for it.
     bool switchToLog()
     {
-        constexpr int attempts = 100;
         constexpr std::chrono::milliseconds pause(20);
-        for (int i = 0; i < attempts; ++i) {
-            if (sqlite3_exec(m_handle, "PRAGMA synchronous = NORMAL; PRAGMA journal_mode = WAL", nullptr,
-                             nullptr, nullptr)
-                == SQLITE_OK)
-                return true;
-            if (sqlite3_errcode(m_handle) != SQLITE_BUSY)
+        const Clock::time_point end = Clock::now() + m_patience;
+        while (sqlite3_exec(m_handle, "PRAGMA synchronous = NORMAL; PRAGMA journal_mode = WAL", nullptr,
+                            nullptr, nullptr)
+               != SQLITE_OK) {
+            if (sqlite3_errcode(m_handle) != SQLITE_BUSY || Clock::now() >= end)
                 return false;
             std::this_thread::sleep_for(pause);
         }
-        return false;
+        return true;
     }
 
     static int waitForOthers(void *self, int turns)
@@ -80,13 +78,14 @@ private:
         auto *connection = static_cast<Connection *>(self);
         if (turns == 0)
             connection->m_waitingSince = Clock::now();
-        if (Clock::now() - connection->m_waitingSince > patience)
+        if (Clock::now() - connection->m_waitingSince > connection->m_patience)
             return 0;
         std::this_thread::sleep_for(turn);
         return 1;
     }
 
     sqlite3 *m_handle = nullptr;
+    std::chrono::milliseconds m_patience{};
     Clock::time_point m_waitingSince;
     std::map<const char *, std::unique_ptr<sqlite3_stmt, StatementCloser>> m_statements;
 };
@@ -141,6 +140,11 @@ bool SqliteStatement::run()
     return m_status == SQLITE_DONE;
 }
 
+bool SqliteStatement::hasFailed() const
+{
+    return m_status != SQLITE_OK && m_status != SQLITE_ROW && m_status != SQLITE_DONE;
+}
+
 qint64 SqliteStatement::number(int column) const
 {
     return sqlite3_column_int64(m_statement, column);
@@ -161,15 +165,30 @@ SqliteDatabase::SqliteDatabase() = default;
 
 SqliteDatabase::~SqliteDatabase() = default;
 
-bool SqliteDatabase::open(const QString &file)
+bool SqliteDatabase::open(const QString &file, std::chrono::milliseconds patience)
 {
     m_connection = std::make_unique<Connection>();
-    return m_connection->open(file);
+    m_undoneError.clear();
+    return m_connection->open(file, patience);
 }
 
 QString SqliteDatabase::error() const
 {
-    return m_connection ? QString::fromUtf8(sqlite3_errmsg(m_connection->handle())) : QString();
+    if (!m_connection || !m_undoneError.isEmpty())
+        return m_undoneError;
+    return QString::fromUtf8(sqlite3_errmsg(m_connection->handle()));
+}
+
+bool SqliteDatabase::inTransaction(Access access, const std::function<bool()> &work)
+{
+    if (!execute(access == Access::Write ? "BEGIN IMMEDIATE" : "BEGIN"))
+        return false;
+    if (work() && execute("COMMIT"))
+        return true;
+    const QString problem = error();
+    execute("ROLLBACK");
+    m_undoneError = problem;
+    return false;
 }
 
 QString SqliteDatabase::file() const
@@ -179,11 +198,13 @@ QString SqliteDatabase::file() const
 
 bool SqliteDatabase::execute(const char *statements)
 {
+    m_undoneError.clear();
     return sqlite3_exec(m_connection->handle(), statements, nullptr, nullptr, nullptr) == SQLITE_OK;
 }
 
 SqliteStatement SqliteDatabase::prepare(const char *text)
 {
+    m_undoneError.clear();
     return SqliteStatement(m_connection->prepare(text));
 }
 

@@ -3,6 +3,8 @@
 #include <QtCore/QByteArray>
 #include <QtCore/QString>
 
+#include <chrono>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -32,6 +34,8 @@ public:
     /// Runs to the end; false if it failed.
     bool run();
 
+    bool hasFailed() const;
+
     qint64 number(int column) const;
     QByteArray bytes(int column) const;
     bool isNull(int column) const;
@@ -52,11 +56,17 @@ public:
     SqliteDatabase(const SqliteDatabase &) = delete;
     SqliteDatabase &operator=(const SqliteDatabase &) = delete;
 
-    /// Opens a file or makes it. While another process writes, operations wait, for 10 seconds at most.
-    bool open(const QString &file);
+    /// Opens a file or makes it. While another process writes, operations wait, for @p patience at most.
+    bool open(const QString &file, std::chrono::milliseconds patience = std::chrono::seconds(10));
 
     /// What the operation that failed last complained of.
     QString error() const;
+
+    enum class Access { Read, Write };
+
+    /// Carries out @p work in a transaction, which is undone if that returns false. False if it was, or could
+    /// not be begun or ended; error() then tells what failed first.
+    bool inTransaction(Access access, const std::function<bool()> &work);
 
     /// The file's absolute path, links followed; beside it stands its log, with "-wal" behind the name.
     QString file() const;
@@ -73,6 +83,7 @@ public:
 private:
     class Connection;
     std::unique_ptr<Connection> m_connection;
+    QString m_undoneError; ///< of the transaction that was undone, until the next operation
 };
 
 } // namespace platform
