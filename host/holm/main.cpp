@@ -1,6 +1,7 @@
 #include "commandoptions.h"
 #include "devicecommands.h"
 #include "exitstatus.h"
+#include "pimcommand.h"
 #include "regcommand.h"
 #include "runcommand.h"
 #include "runoptions.h"
@@ -24,6 +25,7 @@ const char helpText[] = "Usage: holm COMMAND ...\n"
                         "  holm radio [NAME [STATE]]            show and switch its radios\n"
                         "  holm sound [PROFILE]                 show and set its sound profile\n"
                         "  holm network [up|down]               show and switch its data connection\n"
+                        "  holm pim import FILE...              take in appointments, tasks and contacts\n"
                         "  holm s2p                             be its music player\n"
                         "\n"
                         "  holm COMMAND --help                  tell more about a command\n"
@@ -31,15 +33,17 @@ const char helpText[] = "Usage: holm COMMAND ...\n"
                         "  holm --help\n";
 
 // Warnings belong on standard error, also where Qt would send them to the system's journal.
-void tellMessage(QtMsgType type, const QMessageLogContext &, const QString &message)
+void tellMessage(QtMsgType type, const QMessageLogContext &context, const QString &message)
 {
     // Such as a display that does not answer: Qt would abort, with a page of text.
     if (type == QtFatalMsg) {
         std::cerr << "holm: " << message.section(QLatin1Char('\n'), 0, 0).toStdString() << std::endl;
         std::_Exit(ExitStatus::cannotStart);
     }
-    // What Qt tells on a machine without a desktop session is of no use to the author of a widget.
-    const bool isNoise = message.startsWith(QLatin1String("QStandardPaths: XDG_RUNTIME_DIR not set"))
+    // What Qt tells on a machine without a desktop session is of no use to the author of a widget, nor what
+    // the libraries behind the calendar and the contacts tell without a file's name.
+    const bool isNoise = QByteArray(context.category).startsWith("kf.")
+        || message.startsWith(QLatin1String("QStandardPaths: XDG_RUNTIME_DIR not set"))
         || message.startsWith(QLatin1String("This plugin does not support "));
     if (!isNoise)
         std::cerr << message.toStdString() + '\n' << std::flush;
@@ -93,6 +97,7 @@ const Command commands[] = {
     {QLatin1String("radio"), withoutQt<radioCommand>},
     {QLatin1String("sound"), withoutQt<soundCommand>},
     {QLatin1String("network"), withoutQt<networkCommand>},
+    {QLatin1String("pim"), withoutQt<pimCommand>},
     {QLatin1String("s2p"), s2pCommand},
 };
 
