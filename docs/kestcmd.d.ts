@@ -62,7 +62,7 @@ declare function listInput<T extends object>(thisObject: T, callback: (this: T, 
 /** Lets the user choose from, or edit, a list kept in the configuration as one text (separator default ";"; always that once edited). Without byIndex (default true) the entry selected at first is given by its text. (false, null, 0) if nothing is stored and editable (default false) is not set; a list of pairs cannot be edited. */
 declare function listInput<T extends object>(thisObject: T, callback: (this: T, ok: boolean, text: string | null, index: number) => void, label: string, indexOrText: number | string, section: string, key: string, separator?: string, valueOnOdd?: boolean, byIndex?: unknown, editable?: boolean): void;
 
-/** Not available yet. Lets the user choose a contact; its object identifier, or 0 if cancelled. */
+/** Lets the user choose a contact; its object identifier, or 0 if cancelled. */
 declare function selectContact<T extends object>(thisObject: T, callback: (this: T, oid: number) => void): void;
 
 // device/
@@ -101,22 +101,24 @@ declare function getWeather<T extends object>(url: string, thisObject: T, callba
 
 // pim/
 
-/** Not available yet. Saves a contact's photo, or with ask a picture that the user chooses, to a file; sizes in pixels. */
-declare function contactImage<T extends object>(thisObject: T, callback: (this: T, result: string) => void, oid: number, destination: string, ask: boolean, width?: number, height?: number): void;
+/** Saves a contact's photo, or with ask a picture that the user chooses, to a picture file: "true", or "false" if none was saved. */
+declare function contactImage<T extends object>(thisObject: T, callback: (this: T, result: "true" | "false") => void, oid: number, destination: string, ask: boolean): void;
+/** In a size of its own, in pixels; 0 keeps a side of the contact's photo as it is. */
+declare function contactImage<T extends object>(thisObject: T, callback: (this: T, result: "true" | "false") => void, oid: number, destination: string, ask: boolean, width: number, height: number): void;
 
-/** Not available yet. The details of a contact. */
-declare function contactInfo<T extends object>(oid: number, thisObject: T, callback: (this: T, contact: KestContact) => void): void;
+/** The details of a contact; null if there is none of that object identifier. */
+declare function contactInfo<T extends object>(oid: number, thisObject: T, callback: (this: T, contact: KestContact | null) => void): void;
 
-/** Not available yet. Calls back with 0 and the item's object identifier whenever an item of the folder changes. The object is a QObject, such as widget. */
+/** Calls back with 0 and the item's object identifier whenever another program adds, changes or deletes an item of the folder, until it is undone. The object is a QObject: widget or a part of it. */
 declare function poomEventSuscribe<T extends object>(object: T, callback: (this: T, zero: number, oid: number) => void, folder: "Contacts" | "Tasks" | "Appointments"): void;
 
-/** Not available yet. Undoes one poomEventSuscribe. */
+/** Undoes the latest poomEventSuscribe of the object with this folder. */
 declare function poomEventUnSuscribe(object: object, folder: "Contacts" | "Tasks" | "Appointments"): void;
 
-/** Not available yet. The next appointments; count default 10, dateFormat "MM/dd/yyyy", timeFormat "HH:mm". */
+/** The next appointments by their starts, each occurrence of a series being one; at most count (default 10); dateFormat "MM/dd/yyyy", timeFormat "HH:mm". */
 declare function getAppointments<T extends object>(thisObject: T, callback: (this: T, appointments: KestAppointment[]) => void, count?: number, dateFormat?: string, timeFormat?: string): void;
 
-/** Not available yet. Open tasks: "Overdued", "NotDued", or by default those due today; at most count - 1 (count default 100), dateFormat "MM/dd/yyyy", byStartDate true. */
+/** Tasks that are not done: those "Overdued", those "NotDued" (due today or later, or without a date), by default those due today; at most count - 1 (count default 100). By start date (default) or, with false, by due date, the latest first; dateFormat "MM/dd/yyyy". A date that is not set is 1 January 4501. */
 declare function getTasks<T extends object>(thisObject: T, callback: (this: T, tasks: KestTask[]) => void, filter?: string, count?: number, dateFormat?: string, byStartDate?: boolean): void;
 
 // programs/
@@ -179,13 +181,58 @@ interface KestWeather {
     windDirection?: number;
 }
 
-/** By the names of a contact's properties, first letter lower case. */
+/** All of a contact's properties; empty where nothing is set. Dates are "MM/dd/yyyy". */
 interface KestContact {
-    firstName?: string;
-    lastName?: string;
-    mobileTelephoneNumber?: string;
-    email1Address?: string;
-    [property: string]: any;
+    businessFaxNumber: string;
+    companyName: string;
+    department: string;
+    email1Address: string;
+    mobileTelephoneNumber: string;
+    officeLocation: string;
+    pagerNumber: string;
+    businessTelephoneNumber: string;
+    jobTitle: string;
+    homeTelephoneNumber: string;
+    email2Address: string;
+    spouse: string;
+    email3Address: string;
+    home2TelephoneNumber: string;
+    homeFaxNumber: string;
+    carTelephoneNumber: string;
+    assistantName: string;
+    assistantTelephoneNumber: string;
+    children: string;
+    categories: string;
+    webPage: string;
+    business2TelephoneNumber: string;
+    title: string;
+    firstName: string;
+    middleName: string;
+    lastName: string;
+    suffix: string;
+    homeAddressStreet: string;
+    homeAddressCity: string;
+    homeAddressState: string;
+    homeAddressPostalCode: string;
+    homeAddressCountry: string;
+    otherAddressStreet: string;
+    otherAddressCity: string;
+    otherAddressState: string;
+    otherAddressPostalCode: string;
+    otherAddressCountry: string;
+    businessAddressStreet: string;
+    businessAddressCity: string;
+    businessAddressState: string;
+    businessAddressPostalCode: string;
+    businessAddressCountry: string;
+    radioTelephoneNumber: string;
+    fileAs: string;
+    body: string;
+    yomiCompanyName: string;
+    yomiFirstName: string;
+    yomiLastName: string;
+    birthday: string;
+    anniversary: string;
 }
 
 interface KestAppointment {

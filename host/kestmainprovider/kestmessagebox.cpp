@@ -1,12 +1,18 @@
 #include "kestmessagebox.h"
 
-KestMessageBox::KestMessageBox(const QString &title, const QString &text, QWidget *parent)
-    : QMessageBox(Information, title, text, Ok, parent)
+KestMessageBox::KestMessageBox(Icon icon, const QString &title, const QString &text, StandardButtons buttons,
+                               QWidget *parent)
+    : QMessageBox(icon, title, text, buttons, parent)
 {
     setTextFormat(Qt::PlainText);
 }
 
 void KestMessageBox::information(QWidget *parent, const QString &title, const QString &text)
 {
-    KestMessageBox(title, text, parent).exec();
+    KestMessageBox(Information, title, text, Ok, parent).exec();
+}
+
+bool KestMessageBox::question(QWidget *parent, const QString &title, const QString &text)
+{
+    return KestMessageBox(Question, title, text, Yes | No, parent).exec() == Yes;
 }

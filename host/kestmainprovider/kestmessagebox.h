@@ -14,6 +14,10 @@ public:
     /// @p parent may be null.
     static void information(QWidget *parent, const QString &title, const QString &text);
 
+    /// Asks a question with the buttons Yes and No, in that order; returns whether the answer was Yes.
+    static bool question(QWidget *parent, const QString &title, const QString &text);
+
 private:
-    KestMessageBox(const QString &title, const QString &text, QWidget *parent);
+    KestMessageBox(Icon icon, const QString &title, const QString &text, StandardButtons buttons,
+                   QWidget *parent);
 };

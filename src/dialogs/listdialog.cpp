@@ -55,13 +55,18 @@ QAction *ListDialog::addAction(const QString &name, const QString &text)
     return action;
 }
 
-void ListDialog::runModally()
+void ListDialog::setListTop(int top)
+{
+    m_listTop = top;
+}
+
+void ListDialog::runModally(QWidget *focused)
 {
     const std::shared_ptr<QEventLoop> loop = m_loop;
     showMaximized();
     arrange();
     m_list->scrollToRow(0);
-    m_list->setFocus();
+    (focused ? focused : m_list.get())->setFocus();
     loop->exec();
 }
 
@@ -90,12 +95,12 @@ void ListDialog::hideEvent(QHideEvent *event)
         m_loop->exit(0);
 }
 
-// A handheld's menu bar stands outside of the dialog, which is all list.
+// A handheld's menu bar stands outside of the dialog.
 void ListDialog::arrange()
 {
     if (!m_list)
         return;
     const int barHeight = m_menuBar->heightForWidth(width());
     m_menuBar->setGeometry(0, height() - barHeight, width(), barHeight);
-    m_list->setGeometry(0, 0, width(), height() - barHeight);
+    m_list->setGeometry(0, m_listTop, width(), height() - barHeight - m_listTop);
 }

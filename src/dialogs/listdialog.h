@@ -30,8 +30,12 @@ protected:
     /// Adds an action to the menu bar.
     QAction *addAction(const QString &name, const QString &text);
 
-    /// Shows the dialog and returns when it has been closed or destroyed: ask a QPointer which.
-    void runModally();
+    /// Leaves room above the list, in pixels.
+    void setListTop(int top);
+
+    /// Shows the dialog, with the focus on the list unless another widget is given, and returns when it has
+    /// been closed or destroyed: ask a QPointer which.
+    void runModally(QWidget *focused = nullptr);
 
     /// A row was clicked. Closing the dialog ends its run.
     virtual void clicked(IFlickListItem *item) = 0;
@@ -47,6 +51,7 @@ private:
 
     FlickListStyle m_style;
     std::unique_ptr<FlickList> m_list; ///< a child, too, but to be destroyed before its style
+    int m_listTop = 0;
     QMenuBar *m_menuBar = nullptr;
     std::shared_ptr<QEventLoop> m_loop; ///< shared with the run, which may outlive the dialog
 };

@@ -5,12 +5,15 @@
 #include <QtCore/QMutex>
 #include <QtCore/QVariant>
 
+#include <array>
 #include <memory>
 #include <unordered_map>
 
 #include "device/radiomanager.h"
 #include "device/s2pcontrol.h"
 #include "network/fetch.h"
+#include "platform/hiddenwindows.h"
+#include "platform/pocketoutlook.h"
 
 class FetchCallbacks;
 class KestMainProvider;
@@ -153,6 +156,9 @@ private:
 
     void InitPOOM();
     void DeInitPOOM();
+    bool checkOutlookCall(const char *function, bool argumentsAreValid) const;
+    bool raiseOutlookEvent(const platform::WindowMessage &message);
+    void setOutlookNotifications(platform::OutlookFolder folder, bool on);
     void startNetworkThread();
     void stopNetworkThread();
     void fetch(FetchKind kind, const FunctionArguments &arguments);
@@ -164,7 +170,11 @@ private:
     S2pControl m_s2p;
     std::unordered_map<QString, std::unique_ptr<RegistrySubscription>> registryMonitors; ///< by path
     QMutex m_registryMutex;
-    QMutex m_poomMutex;
+    QMutex m_poomMutex; ///< held by every function on contacts, appointments and tasks for its whole run
+    std::unique_ptr<platform::IPOutlookApp> m_outlook; ///< null while there is no connection
+    std::unique_ptr<platform::HiddenWindowClass> m_messageWindowClass;
+    std::unique_ptr<platform::HiddenWindow> m_messageWindow; ///< is told of changes by other programs
+    std::array<int, 3> m_outlookSubscriptions{}; ///< that have not been undone, by folder
     QObject *configProvider = nullptr;
     std::unique_ptr<FetchCallbacks> m_fetches; ///< longer than the thread lives
     std::unique_ptr<NetworkThread> networkThread; ///< null until BeginInitialize()

@@ -46,7 +46,11 @@ public:
         auto *box = event->type() == QEvent::Show ? qobject_cast<QMessageBox *>(watched) : nullptr;
         if (box) {
             messages.append(QLatin1Char('[') + box->windowTitle() + QLatin1String("] ") + box->text());
-            QMetaObject::invokeMethod(box, &QDialog::reject, Qt::QueuedConnection);
+            const auto close = [box] {
+                if (box->isVisible()) // not answered by the test itself
+                    box->reject();
+            };
+            QMetaObject::invokeMethod(box, close, Qt::QueuedConnection);
         }
         return false;
     }

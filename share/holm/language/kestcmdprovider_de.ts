@@ -63,6 +63,25 @@
         <source>Invalid Index.</source>
         <translation>Ungültiger Index.</translation>
     </message>
+    <message>
+        <source>Could not access Pocket Outlook.</source>
+        <translation>Auf Pocket Outlook kann nicht zugegriffen werden.</translation>
+    </message>
+    <message>
+        <source>Do you want to select a custom Image?</source>
+        <translation>Möchten Sie ein eigenes Bild auswählen?</translation>
+    </message>
+</context>
+<context>
+    <name>ContactSelector</name>
+    <message>
+        <source>Select Contact</source>
+        <translation>Kontakt auswählen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
 </context>
 <context>
     <name>FileSelector</name>

@@ -63,6 +63,25 @@
         <source>Invalid Index.</source>
         <translation>Índice no válido.</translation>
     </message>
+    <message>
+        <source>Could not access Pocket Outlook.</source>
+        <translation>No se puede acceder a Pocket Outlook.</translation>
+    </message>
+    <message>
+        <source>Do you want to select a custom Image?</source>
+        <translation>¿Desea seleccionar una imagen propia?</translation>
+    </message>
+</context>
+<context>
+    <name>ContactSelector</name>
+    <message>
+        <source>Select Contact</source>
+        <translation>Seleccionar contacto</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
 </context>
 <context>
     <name>FileSelector</name>

@@ -63,6 +63,25 @@
         <source>Invalid Index.</source>
         <translation>Index non valide.</translation>
     </message>
+    <message>
+        <source>Could not access Pocket Outlook.</source>
+        <translation>Impossible d’accéder à Pocket Outlook.</translation>
+    </message>
+    <message>
+        <source>Do you want to select a custom Image?</source>
+        <translation>Voulez-vous choisir une image personnelle ?</translation>
+    </message>
+</context>
+<context>
+    <name>ContactSelector</name>
+    <message>
+        <source>Select Contact</source>
+        <translation>Choisir un contact</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
 </context>
 <context>
     <name>FileSelector</name>

@@ -63,6 +63,25 @@
         <source>Invalid Index.</source>
         <translation>索引无效。</translation>
     </message>
+    <message>
+        <source>Could not access Pocket Outlook.</source>
+        <translation>无法访问 Pocket Outlook。</translation>
+    </message>
+    <message>
+        <source>Do you want to select a custom Image?</source>
+        <translation>是否要选择自定义图片？</translation>
+    </message>
+</context>
+<context>
+    <name>ContactSelector</name>
+    <message>
+        <source>Select Contact</source>
+        <translation>选择联系人</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
 </context>
 <context>
     <name>FileSelector</name>
