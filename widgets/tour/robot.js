@@ -1,5 +1,5 @@
-// Answers the dialogs of the page "Dialogs": holm run --robot widgets/tour/robot.js widgets/tour --once
-// They come in the order of the page's buttons. The run fails if one is not as expected on a new device.
+// Answers the dialogs of the pages "Dialogs" and "Organizer": holm run --robot widgets/tour/robot.js widgets/tour --once
+// They come in the order of the pages' buttons. The run fails if one is not as expected on a new device.
 var answers = [
   function () {
     robot.type("Coffee");
@@ -27,6 +27,12 @@ var answers = [
     robot.click("..");
     robot.click("My Documents");
     robot.click("Shopping.txt");
+  },
+  // What is typed is looked for; the key down goes on to it.
+  function () {
+    robot.type("mag");
+    robot.key("Down");
+    robot.key("Return");
   }
 ];
 

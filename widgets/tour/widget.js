@@ -7,12 +7,14 @@ include("launching.js");
 include("registry.js");
 include("dialogs.js");
 include("device.js");
+include("organizer.js");
 include("feeds.js");
 include("feedshtml.js");
 
 // In the order of the page chooser.
 var tourPages = [
-  welcomePage, configurationPage, filesPage, launchingPage, registryPage, dialogsPage, devicePage, feedsPage
+  welcomePage, configurationPage, filesPage, launchingPage, registryPage, dialogsPage, devicePage, organizerPage,
+  feedsPage
 ];
 
 /** @param {number} index */
