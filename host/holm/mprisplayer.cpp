@@ -2,7 +2,8 @@
 
 #include "commandoptions.h"
 #include "exitstatus.h"
-#include "registrytext.h"
+
+#include <platform/desktop/terminaltext.h>
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QRegularExpression>
@@ -33,7 +34,7 @@ bool isPlayerName(const QString &name)
 
 bool isInvisible(QChar character)
 {
-    return breaksLine(character) || character.category() == QChar::Other_Format;
+    return platform::breaksLine(character) || character.category() == QChar::Other_Format;
 }
 
 /// A text for a terminal and a registry: one line, without control characters.

@@ -3,12 +3,12 @@
 #include "commandoptions.h"
 #include "exitstatus.h"
 #include "itemdirectory.h"
-#include "registrytext.h"
 
 #include <platform/desktop/outlook/appointment.h>
 #include <platform/desktop/outlook/contact.h>
 #include <platform/desktop/outlook/itemsplitter.h>
 #include <platform/desktop/outlook/task.h>
+#include <platform/desktop/terminaltext.h>
 
 #include <QtCore/QFile>
 
@@ -172,7 +172,7 @@ int import(const CommandOptions &options)
     for (const QString &file : files) {
         const QString problem = import.takeIn(file);
         if (!problem.isEmpty())
-            status = tellFailure(onOneLine(file + QLatin1String(": ") + problem));
+            status = tellFailure(platform::onOneLine(file + QLatin1String(": ") + problem));
     }
     std::cout << import.summary().toStdString() << std::endl;
     return status;

@@ -6,6 +6,7 @@
 
 #include <platform/desktop/regfile.h>
 #include <platform/desktop/registrydata.h>
+#include <platform/desktop/terminaltext.h>
 
 #include <QtCore/QFile>
 #include <QtCore/QRegularExpression>
@@ -158,8 +159,8 @@ int deleteKey(RegistryStore &store, const Request &request)
 QString toLine(const RegistryValue &value)
 {
     const QString gap(4, QLatin1Char(' '));
-    const QString name = value.name.isEmpty() ? QStringLiteral("(Default)") : onOneLine(value.name);
-    return gap + name + gap + typeName(value.type) + gap + onOneLine(toReadableText(value));
+    const QString name = value.name.isEmpty() ? QStringLiteral("(Default)") : platform::onOneLine(value.name);
+    return gap + name + gap + typeName(value.type) + gap + platform::onOneLine(toReadableText(value));
 }
 
 int list(RegistryStore &store, const Request &request)
@@ -174,7 +175,7 @@ int list(RegistryStore &store, const Request &request)
         if (!store.problem().isEmpty())
             return false;
         for (const QString &subkey : subkeys)
-            lines += onOneLine(name + subkey) + QLatin1Char('\n');
+            lines += platform::onOneLine(name + subkey) + QLatin1Char('\n');
         const QList<RegistryValue> values = store.values(*key);
         for (const RegistryValue &value : values)
             lines += toLine(value) + QLatin1Char('\n');

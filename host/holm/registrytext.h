@@ -1,12 +1,8 @@
 #pragma once
 
 #include <platform/desktop/registrystore.h>
-#include <platform/desktop/terminaltext.h>
 
 #include <QtCore/QString>
-
-using platform::breaksLine;
-using platform::onOneLine;
 
 /// A value's data for people: a text less its terminating null, a number in decimal, anything else as
 /// hexadecimal bytes with blanks between.

@@ -2,6 +2,7 @@
 #include "orvanecore/iapplication.h"
 #include "pim/arguments.h"
 #include "pim/outlookdates.h"
+#include "pim/records.h"
 #include "provider/argumentcheck.h"
 #include "provider/kestcommandprovider.h"
 
@@ -14,8 +15,7 @@ namespace {
 
 struct FoundAppointment
 {
-    QString subject;
-    QString startDate;
+    Record record;
     bool isRecurring = false;
 };
 
@@ -64,7 +64,8 @@ public:
         const auto start = texts.dateAndTime(appointment->get_Start());
         if (!isRecurring || !subject || !start)
             return std::nullopt;
-        return FoundAppointment{QString::fromStdU16String(*subject), *start, *isRecurring};
+        return FoundAppointment{{{"subject", QString::fromStdU16String(*subject)}, {"startDate", *start}},
+                                *isRecurring};
     }
 
 private:
@@ -73,11 +74,10 @@ private:
 };
 
 /// The next ones, @p count at most.
-std::vector<FoundAppointment> nextAppointments(platform::IPOutlookApp &outlook, int count,
-                                               const DateTexts &texts)
+std::vector<Record> nextAppointments(platform::IPOutlookApp &outlook, int count, const DateTexts &texts)
 {
     const UpcomingAppointments appointments(outlook);
-    std::vector<FoundAppointment> found;
+    std::vector<Record> found;
     // Each series may give any number of appointments, so once there is one, only the count ends the list.
     bool hasSeries = false;
     for (int i = 1; i <= count && (hasSeries || i <= appointments.foundCount()); ++i) {
@@ -85,7 +85,7 @@ std::vector<FoundAppointment> nextAppointments(platform::IPOutlookApp &outlook, 
         if (!next)
             break;
         hasSeries = hasSeries || next->isRecurring;
-        found.push_back(std::move(*next));
+        found.push_back(std::move(next->record));
     }
     return found;
 }
@@ -102,17 +102,8 @@ void KestCommandProvider::getAppointments(FunctionArguments *arguments)
     const QString timeFormat = textOr(*arguments, 4, QStringLiteral("HH:mm"));
 
     QMutexLocker lock(&m_poomMutex);
-    const std::vector<FoundAppointment> found =
+    const std::vector<Record> found =
         nextAppointments(*m_outlook, count, DateTexts(*m_outlook, dateFormat, timeFormat));
-    lock.unlock(); // filling script objects may call script functions
-
-    QScriptValue result = m_application->newArray(0);
-    quint32 index = 0;
-    for (const FoundAppointment &appointment : found) {
-        QScriptValue record = m_application->newObject();
-        record.setProperty(QStringLiteral("subject"), appointment.subject);
-        record.setProperty(QStringLiteral("startDate"), appointment.startDate);
-        result.setProperty(index++, record);
-    }
-    answer(arguments->argument(0), arguments->argument(1), {result});
+    lock.unlock();
+    answer(arguments->argument(0), arguments->argument(1), {scriptArray(*m_application, found)});
 }

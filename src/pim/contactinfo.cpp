@@ -2,6 +2,7 @@
 #include "orvanecore/iapplication.h"
 #include "pim/arguments.h"
 #include "pim/outlookdates.h"
+#include "pim/records.h"
 #include "provider/argumentcheck.h"
 #include "provider/kestcommandprovider.h"
 
@@ -77,16 +78,10 @@ const NamedProperty<ContactDate> dateProperties[] = {
     {"anniversary", ContactDate::Anniversary},
 };
 
-struct Detail
-{
-    const char *name;
-    QString text;
-};
-
 /// All of a contact's properties. What the store cannot give is empty, as is a date that is not set.
-std::vector<Detail> detailsOf(IContact &contact, const DateTexts &texts)
+Record detailsOf(IContact &contact, const DateTexts &texts)
 {
-    std::vector<Detail> details;
+    Record details;
     for (const auto &entry : textProperties) {
         const std::u16string text = contact.get_Text(entry.property).value_or(std::u16string());
         details.push_back({entry.name, QString::fromStdU16String(text)});
@@ -109,14 +104,12 @@ void KestCommandProvider::contactInfo(FunctionArguments *arguments)
         return;
 
     QMutexLocker lock(&m_poomMutex);
-    std::vector<Detail> details; // none if there is no such contact
+    Record details; // none if there is no such contact
     const auto item = m_outlook->GetItemFromOid(oidOf(arguments->argument(0)));
     if (auto *const contact = dynamic_cast<IContact *>(item.get()))
         details = detailsOf(*contact, DateTexts(*m_outlook, QStringLiteral("MM/dd/yyyy")));
-    lock.unlock(); // filling script objects may call script functions
-
-    QScriptValue result = details.empty() ? m_application->nullValue() : m_application->newObject();
-    for (const Detail &detail : details)
-        result.setProperty(QLatin1String(detail.name), detail.text);
+    lock.unlock();
+    const QScriptValue result =
+        details.empty() ? m_application->nullValue() : scriptObject(*m_application, details);
     answer(arguments->argument(1), arguments->argument(2), {result});
 }

@@ -2,6 +2,7 @@
 #include "orvanecore/iapplication.h"
 #include "pim/arguments.h"
 #include "pim/outlookdates.h"
+#include "pim/records.h"
 #include "provider/argumentcheck.h"
 #include "provider/kestcommandprovider.h"
 
@@ -11,13 +12,6 @@ using platform::IPOutlookItemCollection;
 using platform::ITask;
 
 namespace {
-
-struct FoundTask
-{
-    QString subject;
-    QString startDate;
-    QString dueDate;
-};
 
 /// How the due dates that @p filter asks for compare with today.
 QString dueOperator(const QString &filter)
@@ -41,7 +35,7 @@ std::unique_ptr<IPOutlookItemCollection> openTasks(platform::IPOutlookApp &outlo
 }
 
 /// Nothing if the store fails.
-std::optional<FoundTask> taskAt(IPOutlookItemCollection &tasks, int index, const DateTexts &texts)
+std::optional<Record> taskAt(IPOutlookItemCollection &tasks, int index, const DateTexts &texts)
 {
     const auto item = tasks.Item(index);
     auto *const task = dynamic_cast<ITask *>(item.get());
@@ -52,20 +46,21 @@ std::optional<FoundTask> taskAt(IPOutlookItemCollection &tasks, int index, const
     const auto dueDate = texts.date(task->get_DueDate());
     if (!subject || !startDate || !dueDate)
         return std::nullopt;
-    return FoundTask{QString::fromStdU16String(*subject), *startDate, *dueDate};
+    return Record{
+        {"subject", QString::fromStdU16String(*subject)}, {"startDate", *startDate}, {"dueDate", *dueDate}};
 }
 
 /// As many as there are, but less than @p count: scripts know that it is one more than the largest number.
-std::vector<FoundTask> findTasks(platform::IPOutlookApp &outlook, const QString &filter, int count,
-                                 bool byStartDate, const DateTexts &texts)
+std::vector<Record> findTasks(platform::IPOutlookApp &outlook, const QString &filter, int count,
+                              bool byStartDate, const DateTexts &texts)
 {
-    std::vector<FoundTask> found;
+    std::vector<Record> found;
     const auto tasks = openTasks(outlook, filter);
     const int foundCount = tasks ? tasks->get_Count().value_or(0) : 0;
     if (foundCount > 0)
         tasks->Sort(byStartDate ? u"StartDate" : u"DueDate", !byStartDate);
     for (int i = 1; i <= foundCount && i < count; ++i) {
-        std::optional<FoundTask> next = taskAt(*tasks, i, texts);
+        std::optional<Record> next = taskAt(*tasks, i, texts);
         if (!next)
             break;
         found.push_back(std::move(*next));
@@ -86,18 +81,8 @@ void KestCommandProvider::getTasks(FunctionArguments *arguments)
     const QString filter = textOr(*arguments, 2, QString());
 
     QMutexLocker lock(&m_poomMutex);
-    const std::vector<FoundTask> found =
+    const std::vector<Record> found =
         findTasks(*m_outlook, filter, count, byStartDate, DateTexts(*m_outlook, dateFormat));
-    lock.unlock(); // filling script objects may call script functions
-
-    QScriptValue result = m_application->newArray(0);
-    quint32 index = 0;
-    for (const FoundTask &task : found) {
-        QScriptValue record = m_application->newObject();
-        record.setProperty(QStringLiteral("subject"), task.subject);
-        record.setProperty(QStringLiteral("startDate"), task.startDate);
-        record.setProperty(QStringLiteral("dueDate"), task.dueDate);
-        result.setProperty(index++, record);
-    }
-    answer(arguments->argument(0), arguments->argument(1), {result});
+    lock.unlock();
+    answer(arguments->argument(0), arguments->argument(1), {scriptArray(*m_application, found)});
 }
