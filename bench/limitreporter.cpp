@@ -14,6 +14,7 @@ struct Limit
 const Limit limits[] = {
     {"browseFolderOf100000", "fileDialogOf100000", 0.2},
     {"callThroughInvoke", "callBareFunction", 1.5},
+    {"extractIconsOfOneFile", "icoutilsOnOneFile", 0.1},
     {"fetch1000Files", "curl1000Files", 1.5},
     {"getFilesOf100000", "listDirectoryOf100000", 1.3},
     {"nextAppointmentsOf10000", "khalListOf10000", 0.05},

@@ -9,6 +9,7 @@ class Clock;
 class ConnectionManager;
 class DevicePower;
 class HiddenWindows;
+class Icons;
 class MessageBox;
 class PocketOutlook;
 class Registry;
@@ -29,6 +30,7 @@ public:
     virtual Registry &registry() = 0;
     virtual MessageBox &messageBox() = 0;
     virtual TopLevelWindows &windows() = 0;
+    virtual Icons &icons() = 0;
     virtual Wireless &wireless() = 0;
     virtual Bluetooth &bluetooth() = 0;
     virtual DevicePower &power() = 0;

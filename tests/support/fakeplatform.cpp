@@ -13,8 +13,8 @@ bool FakeShell::execute(const platform::ShellExecution &execution)
 std::optional<std::u16string> FakeShell::specialFolder(platform::SpecialFolder folder, bool create)
 {
     askedFolders.append(QStringLiteral("%1 %2").arg(static_cast<int>(folder)).arg(create));
-    const bool isKnown = folder == platform::SpecialFolder::ProgramFiles && !programFiles.empty();
-    return isKnown ? std::optional(programFiles) : std::nullopt;
+    const std::u16string &path = folder == platform::SpecialFolder::Programs ? programs : programFiles;
+    return path.empty() ? std::nullopt : std::optional(path);
 }
 
 bool FakeShell::exists(const std::u16string &path)

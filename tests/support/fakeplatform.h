@@ -21,6 +21,7 @@ public:
     std::vector<platform::ShellExecution> executions;
     QStringList askedFolders;
     std::u16string programFiles; ///< empty: there is no such folder
+    std::u16string programs; ///< the same
     QStringList existing;
 };
 
@@ -61,6 +62,7 @@ public:
     {
         return windowsInForce ? *windowsInForce : device.windows();
     }
+    platform::Icons &icons() override { return iconsInForce ? *iconsInForce : device.icons(); }
     platform::Wireless &wireless() override { return wirelessInForce ? *wirelessInForce : device.wireless(); }
     platform::Bluetooth &bluetooth() override
     {
@@ -84,6 +86,7 @@ public:
     FakeMessageBox fakeMessageBox;
     platform::Registry *registryInForce = nullptr;
     platform::TopLevelWindows *windowsInForce = nullptr;
+    platform::Icons *iconsInForce = nullptr;
     platform::Wireless *wirelessInForce = nullptr;
     platform::Bluetooth *bluetoothInForce = nullptr;
     platform::DevicePower *powerInForce = nullptr;

@@ -8,6 +8,7 @@ DesktopPlatform::DesktopPlatform(const DeviceFolder &device)
     , m_registry(device, m_store)
     , m_hardware(m_store)
     , m_windows(device)
+    , m_icons(device)
     , m_wireless(m_hardware)
     , m_bluetooth(m_hardware)
     , m_power(m_hardware)
@@ -35,6 +36,11 @@ MessageBox &DesktopPlatform::messageBox()
 TopLevelWindows &DesktopPlatform::windows()
 {
     return m_windows;
+}
+
+Icons &DesktopPlatform::icons()
+{
+    return m_icons;
 }
 
 Wireless &DesktopPlatform::wireless()

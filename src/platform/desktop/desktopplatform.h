@@ -11,6 +11,7 @@
 #include "platform/desktop/desktopwireless.h"
 #include "platform/desktop/devicefolder.h"
 #include "platform/desktop/hardwarestate.h"
+#include "platform/desktop/icons/desktopicons.h"
 #include "platform/desktop/outlook/desktopoutlook.h"
 #include "platform/desktop/registrystore.h"
 #include "platform/platform.h"
@@ -27,6 +28,7 @@ public:
     Registry &registry() override;
     MessageBox &messageBox() override;
     TopLevelWindows &windows() override;
+    Icons &icons() override;
     Wireless &wireless() override;
     Bluetooth &bluetooth() override;
     DevicePower &power() override;
@@ -43,6 +45,7 @@ private:
     HardwareState m_hardware;
     DesktopMessageBox m_messageBox;
     DesktopWindows m_windows;
+    DesktopIcons m_icons;
     DesktopWireless m_wireless;
     DesktopBluetooth m_bluetooth;
     DesktopPower m_power;
