@@ -1,29 +1,8 @@
 #include "platform/registry.h"
-#include "platform/toplevelwindows.h"
+#include "support/fakewindows.h"
 #include "support/providertest.h"
 
 namespace {
-
-class ScriptedWindows : public platform::TopLevelWindows
-{
-public:
-    std::optional<platform::WindowHandle> find(const std::u16string &title) override
-    {
-        return title == u"S2P" && isRunning ? std::optional<platform::WindowHandle>(7) : std::nullopt;
-    }
-    bool post(platform::WindowHandle window, const platform::WindowMessage &message) override
-    {
-        posted.append(QStringLiteral("%1: %2 %3 %4")
-                          .arg(window)
-                          .arg(message.message)
-                          .arg(message.wParam)
-                          .arg(message.lParam));
-        return false;
-    }
-
-    bool isRunning = false;
-    QStringList posted;
-};
 
 const QString notFound = QStringLiteral("[Error] Cannot find S2P application.");
 
@@ -31,7 +10,7 @@ const QString notFound = QStringLiteral("[Error] Cannot find S2P application.");
 
 TEST_F(ProviderTest, S2pIsStartedOnceAndThenTold)
 {
-    ScriptedWindows windows;
+    FakeWindows windows;
     m_platform->windowsInForce = &windows;
     const auto started = [this] {
         QStringList files;
@@ -64,11 +43,11 @@ TEST_F(ProviderTest, S2pIsStartedOnceAndThenTold)
         m_shell->existing = places.mid(0, places.indexOf(place) + 1);
     }
 
-    windows.isRunning = true;
+    windows.windows = {{7, QStringLiteral("S2P")}};
     m_provider.InitializeScript(&m_application);
     run(QStringLiteral("s2pCommand('play'); s2pCommand('pause'); s2pCommand('next'); s2pCommand('prev');"
                        "s2pCommand('NEXT')"));
-    EXPECT_EQ(windows.posted,
+    EXPECT_EQ(windows.done,
               QStringList({QStringLiteral("7: 273 301 0"), QStringLiteral("7: 273 301 0"),
                            QStringLiteral("7: 273 302 0"), QStringLiteral("7: 273 303 0")}));
     EXPECT_EQ(started(), QStringList());

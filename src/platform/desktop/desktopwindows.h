@@ -1,14 +1,15 @@
 #pragma once
 
 #include "platform/desktop/devicefolder.h"
-#include "platform/toplevelwindows.h"
+#include "platform/desktop/x11windows.h"
 
 #include <QtCore/QStringList>
 
 namespace platform {
 
-/// The top-level windows that the simulated device's programs can be reached by: its message windows.
-class DesktopWindows : public TopLevelWindows
+/// The top-level windows around the simulated device: those of the desktop it runs on, and its programs'
+/// message windows. The latter can only be found and posted to; to the rest they are windows that have gone.
+class DesktopWindows : public X11Windows
 {
 public:
     explicit DesktopWindows(const DeviceFolder &device);
