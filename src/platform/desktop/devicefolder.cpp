@@ -1,6 +1,7 @@
 #include "platform/desktop/devicefolder.h"
 
 #include "platform/desktop/outlook/sampleoutlook.h"
+#include "platform/desktop/sampleprograms.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
@@ -18,29 +19,6 @@ namespace {
 const QLatin1String deviceFolders[] = {QLatin1String("Programs"), QLatin1String("Program Files"),
                                        QLatin1String("Windows"), QLatin1String("My Documents")};
 
-struct SampleFile
-{
-    const char *path;
-    const char *content;
-    bool executable = false;
-};
-
-const SampleFile sampleFiles[] = {
-    {"My Documents/Welcome.txt",
-     "This folder is your simulated handheld. Put files into it, change them, delete them:\n"
-     "widgets see them under \\My Documents.\n"},
-    {"My Documents/Shopping.txt", "Bread\nCheese\nApples\n"},
-    {"Program Files/Hello/hello.exe", "#!/bin/sh\necho \"Hello from the handheld: $*\"\n", true},
-    {"Program Files/S2P/s2p.exe",
-     "#!/bin/sh\n"
-     "# Plays the music player of the handheld in whose folder this file is.\n"
-     "cd \"$(dirname \"$0\")/../..\" || exit\n"
-     "command -v \"${HOLM:=holm}\" >/dev/null || { echo \"holm is not on the search path\" >&2; exit 127; }\n"
-     "exec \"$HOLM\" s2p --device \"$PWD\" >/dev/null 2>&1 </dev/null\n",
-     true},
-    {"Programs/Hello.lnk", "48#\"\\Program Files\\Hello\\hello.exe\" from a shortcut\r\n"},
-};
-
 bool writeFile(const QString &path, const QByteArray &content)
 {
     QSaveFile file(path);
@@ -50,9 +28,9 @@ bool writeFile(const QString &path, const QByteArray &content)
 
 bool writeSample(const QString &folder, const SampleFile &sample)
 {
-    const QString path = folder + QLatin1Char('/') + QLatin1String(sample.path);
+    const QString path = folder + QLatin1Char('/') + sample.path;
     return writeFile(path, sample.content)
-        && (!sample.executable
+        && (!sample.isExecutable
             || QFile::setPermissions(path, QFile::permissions(path) | QFile::ExeOwner | QFile::ExeUser));
 }
 
@@ -104,9 +82,9 @@ QString DeviceFolder::create() const
     }
     if (!isNew)
         return QString();
-    for (const SampleFile &sample : sampleFiles) {
+    for (const SampleFile &sample : samplePrograms()) {
         if (!writeSample(m_path, sample))
-            return m_path + QLatin1Char('/') + QLatin1String(sample.path)
+            return m_path + QLatin1Char('/') + sample.path
                 + QLatin1String(": the sample file cannot be written");
     }
     // Where a folder of these is missing, the store tells so when it is asked for.
