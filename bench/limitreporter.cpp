@@ -32,6 +32,7 @@ struct TimeLimit
 const TimeLimit timeLimits[] = {
     {"browseFolderOf100000", 150},
     {"nextAppointmentsOf10000", 20},
+    {"openProgramsOf1000", 150},
 };
 
 /// On what a benchmark counts itself.
@@ -47,6 +48,8 @@ const CounterLimit counterLimits[] = {
     {"fetch1000Files", "longest_pause_ms", 16},
     {"registryChangeToCallback", "median_ms", 10},
     {"scrollListOf100000", "longest_pause_ms", 16},
+    {"scrollProgramsWithCache", "longest_pause_ms", 16},
+    {"scrollProgramsWithoutCache", "longest_pause_ms", 16},
 };
 
 } // namespace

@@ -1,6 +1,5 @@
 // What widget scripts see: the forty functions of kestcmd, and holm's own globals.
-// docs/functions.md explains each function, docs/widgets.md the globals. Functions marked "Not available yet" only
-// warn on standard error.
+// docs/functions.md explains each function, docs/widgets.md the globals.
 
 // files/
 
@@ -123,26 +122,27 @@ declare function getTasks<T extends object>(thisObject: T, callback: (this: T, t
 
 // programs/
 
-/** Not available yet. Saves the icon of a program, shortcut or library to a picture file; sizes in pixels. "exe" or "lnk" if there was none. */
+/** Saves the icon of a program, shortcut or library to a picture file, or with ask a picture that the user chooses. "exe" or "lnk" if the source ends so and there was none, "mscr" for such a source, else "true". */
 declare function extractIcon<T extends object>(thisObject: T, callback: (this: T, result: "true" | "mscr" | "exe" | "lnk") => void, source: string, destination: string, ask: boolean, large: boolean): void;
+/** In a size of its own, in pixels; 0 keeps a side of the icon as it is. */
 declare function extractIcon<T extends object>(thisObject: T, callback: (this: T, result: "true" | "mscr" | "exe" | "lnk") => void, source: string, destination: string, ask: boolean, large: boolean, width: number, height: number): void;
 
-/** Not available yet. Shows the Programs menu and starts what the user chooses; the folder defaults to the device's Programs folder. */
+/** Shows the Programs menu and starts what the user chooses; the folder defaults to the device's Programs folder. */
 declare function openProgramsFolder(folder?: string): void;
 
-/** Not available yet. Reads a folder of the Programs menu ahead of time; the folder defaults to the device's Programs folder. */
+/** Reads a folder of the Programs menu ahead of time; the folder defaults to the device's Programs folder. */
 declare function cacheProgramsFolder(folder?: string): void;
 
-/** Not available yet. Brings a window to the front. */
+/** Brings a window to the front. */
 declare function focusWindow(entry: KestRunningProcess): void;
 
-/** Not available yet. Lists the windows of running programs, with pictures named prefix plus window number; first frees the pictures of the previous list. */
+/** Lists the windows of running programs, the uppermost first, with pictures named prefix plus window number, or the stock picture; first frees the pictures of the previous list. */
 declare function runningProcesses<T extends object>(prefix: string, pictures: "none" | "icons" | "snapshots" | null, thisObject: T, callback: (this: T, entries: KestRunningProcess[]) => void, previous?: KestRunningProcess[]): void;
 
-/** Not available yet. Asks a window to close. */
+/** Asks a window to close. */
 declare function closeWindow(entry: KestRunningProcess): void;
 
-/** Not available yet. Frees the pictures of a list from runningProcesses. */
+/** Frees the pictures of a list from runningProcesses. */
 declare function clearRunningProcessesResources(entries: KestRunningProcess[]): void;
 
 // Records

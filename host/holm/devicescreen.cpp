@@ -2,6 +2,7 @@
 
 #include <QtCore/QEvent>
 #include <QtGui/QScreen>
+#include <QtGui/QWindow>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QInputDialog>
 #include <QtWidgets/QLabel>
@@ -30,6 +31,7 @@ bool DeviceScreen::eventFilter(QObject *watched, QEvent *event)
         && (window->windowState() & filling)) {
         fill(window);
         place(window);
+        block(window);
     } else if (event->type() == QEvent::Show && !event->spontaneous() && window->isModal()) {
         if (auto *dialog = qobject_cast<QInputDialog *>(window))
             narrow(*dialog);
@@ -44,6 +46,17 @@ void DeviceScreen::fill(QWidget *window) const
     // Otherwise what is in it could make it larger than the screen.
     window->setMinimumSize(m_size);
     window->resize(m_size);
+}
+
+// A window that is modal for its parent only, and has none, would leave the widget behind it open to clicks,
+// which on a handheld it covers.
+void DeviceScreen::block(QWidget *window) const
+{
+    if (!m_widget || !m_widget->windowHandle() || window->windowModality() != Qt::WindowModal
+        || window->parentWidget())
+        return;
+    window->winId(); // makes the native window
+    window->windowHandle()->setTransientParent(m_widget->windowHandle());
 }
 
 // Qt's input dialogs are as wide as what they ask, so that the buttons of some would be out of reach.

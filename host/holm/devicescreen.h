@@ -22,6 +22,7 @@ protected:
 
 private:
     void fill(QWidget *window) const;
+    void block(QWidget *window) const;
     void narrow(QInputDialog &dialog) const;
     void place(QWidget *window) const;
 

@@ -88,6 +88,11 @@ void FlickListTextItem::paint(QPainter *painter)
     painter->setPen(isSelected() ? selectedColor : nonSelectedColor);
     painter->setFont(font);
     const QString line = QFontMetricsF(font, painter->device())
-                             .elidedText(lineOf(text()), Qt::ElideMiddle, width() - 2 * margin);
-    painter->drawText(QRectF(margin, 0, width(), height()), Qt::AlignVCenter | Qt::TextSingleLine, line);
+                             .elidedText(lineOf(text()), Qt::ElideMiddle, width() - textLeft() - margin);
+    painter->drawText(QRectF(textLeft(), 0, width(), height()), Qt::AlignVCenter | Qt::TextSingleLine, line);
+}
+
+qreal FlickListTextItem::textLeft() const
+{
+    return margin;
 }

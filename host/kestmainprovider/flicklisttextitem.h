@@ -31,6 +31,10 @@ public:
     QColor nonSelectedColor;
     QFont font; ///< Tahoma, bold, 15 pixels at first
 
+protected:
+    /// Where the text begins, in pixels from the row's left edge. 10 here.
+    virtual qreal textLeft() const;
+
 private:
     QString m_text;
     qreal m_height;

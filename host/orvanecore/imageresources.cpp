@@ -43,3 +43,8 @@ QPixmap ImageResources::picture(const QString &name) const
         return *found;
     return name.isEmpty() || QDir::isAbsolutePath(name) ? QPixmap() : QPixmap(m_stockFolder + name);
 }
+
+int ImageResources::count() const
+{
+    return m_pictures.size();
+}

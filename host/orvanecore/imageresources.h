@@ -27,6 +27,9 @@ public:
     /// The picture published as @p name, else the stock picture at that path, else a null pixmap.
     QPixmap picture(const QString &name) const;
 
+    /// How many pictures are published.
+    int count() const;
+
 signals:
     void changed(const QString &name);
 

@@ -1,7 +1,7 @@
 #include "device/s2pcontrol.h"
 
 #include "platform/platform.h"
-#include "platform/registry.h"
+#include "platform/registryvalue.h"
 #include "platform/shell.h"
 #include "platform/toplevelwindows.h"
 #include "provider/kestcommandprovider.h"
@@ -43,19 +43,10 @@ QString findProgram(const QString &applicationPath)
     return found != places.cend() ? *found : QString();
 }
 
-/// The text of a value up to its null or its end; empty if there is no such value.
-QString readText(platform::RegistryKey &key, const std::u16string &name)
+/// Empty if there is no such value.
+QString textOf(platform::RegistryKey &key, const std::u16string &name)
 {
-    const auto info = key.info(name);
-    const auto bytes = info ? key.read(name, info->size) : std::nullopt;
-    QString text;
-    for (std::size_t i = 0; bytes && i + 1 < bytes->size(); i += 2) {
-        const QChar character((*bytes)[i], (*bytes)[i + 1]);
-        if (character.isNull())
-            break;
-        text.append(character);
-    }
-    return text;
+    return QString::fromStdU16String(platform::readText(key, name).value_or(std::u16string()));
 }
 
 bool isZero(platform::RegistryKey &key, const std::u16string &name)
@@ -100,8 +91,8 @@ S2pControl::Status S2pControl::status()
     if (!opening.key)
         return {};
     Status status;
-    status.album = readText(*opening.key, u"CurrentAlbum");
-    status.title = readText(*opening.key, u"CurrentTitle");
+    status.album = textOf(*opening.key, u"CurrentAlbum");
+    status.title = textOf(*opening.key, u"CurrentTitle");
     status.isPlaying = isZero(*opening.key, u"Status");
     return status;
 }

@@ -102,7 +102,7 @@ void sortIgnoringCase(QStringList &names)
 
 } // namespace
 
-FolderListing listFolder(const QString &directory, const QStringList &filters)
+FolderListing listFolder(const QString &directory, const QStringList &filters, HiddenFiles hiddenFiles)
 {
     FolderListing listing;
     const NameFilter filter(filters);
@@ -111,10 +111,12 @@ FolderListing listFolder(const QString &directory, const QStringList &filters)
         directory.toStdU16String(), [&](const platform::FolderEntry &entry) {
             const QString name =
                 QStringView(entry.name.data(), static_cast<int>(entry.name.size())).toString();
-            if (!entry.isFolder && filter.takes(name))
-                listing.files.append(name);
-            else if (entry.isFolder && !entry.isHidden)
+            const bool mayBeListed =
+                !entry.isHidden || (!entry.isFolder && hiddenFiles == HiddenFiles::Listed);
+            if (mayBeListed && entry.isFolder)
                 listing.folders.append(name);
+            else if (mayBeListed && filter.takes(name))
+                listing.files.append(name);
         });
     sortIgnoringCase(listing.folders);
     sortIgnoringCase(listing.files);

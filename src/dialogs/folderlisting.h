@@ -6,10 +6,14 @@
 struct FolderListing
 {
     QStringList folders; ///< without hidden ones
-    QStringList files; ///< hidden ones, and those that are no regular files, included
+    QStringList files; ///< those that are no regular files included
 };
+
+/// Whether files count that the system hides. Hidden folders never do.
+enum class HiddenFiles { Listed, LeftOut };
 
 /// Lists a folder. @p filters are wildcards for the files' names; "*.*" stands for every file, also one
 /// without a dot, and without any filter there are no files. A folder that is not there or cannot be read
 /// gives empty lists.
-FolderListing listFolder(const QString &directory, const QStringList &filters);
+FolderListing listFolder(const QString &directory, const QStringList &filters,
+                         HiddenFiles hiddenFiles = HiddenFiles::Listed);

@@ -23,11 +23,11 @@ QImage scaledTo(const QImage &image, int width, int height)
     return image.scaled(width, height, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
-bool saveImage(const QImage &image, const QString &path)
+bool saveImage(const QImage &image, const QString &path, int quality)
 {
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
-    if (!image.save(&buffer, QFileInfo(path).suffix().toLatin1().constData()))
+    if (!image.save(&buffer, QFileInfo(path).suffix().toLatin1().constData(), quality))
         return false;
     QSaveFile file(path);
     return file.open(QIODevice::WriteOnly) && file.write(buffer.data()) == buffer.size() && file.commit();

@@ -5,6 +5,9 @@
 #include "orvanecore/iapplication.h"
 #include "provider/kestcommandprovider.h"
 
+#include <QtCore/QDateTime>
+#include <QtCore/QFileInfo>
+#include <QtCore/QHash>
 #include <QtGui/QCloseEvent>
 #include <QtWidgets/QAction>
 #include <QtWidgets/QMenuBar>
@@ -15,6 +18,26 @@ const char menuBarLooks[] = "QMenuBar { background-color: #f2f5f9; border-top: 1
                             " spacing: 0; padding: 0; margin: 0; }"
                             "QMenuBar::item { color: #1f2a37; background: transparent; padding: 0.5em; }"
                             "QMenuBar::item:selected { color: white; background-color: #1d63b8; }";
+
+struct LoadedStyle
+{
+    QDateTime lastModified;
+    std::shared_ptr<const FlickListStyle> style;
+};
+
+QHash<QString, LoadedStyle> loadedStyles; ///< by their files
+
+std::shared_ptr<const FlickListStyle> styleOf(const QString &file)
+{
+    const QDateTime lastModified = QFileInfo(file).lastModified();
+    LoadedStyle &loaded = loadedStyles[file];
+    if (!loaded.style || !lastModified.isValid() || loaded.lastModified != lastModified) {
+        auto style = std::make_shared<FlickListStyle>();
+        style->load(file);
+        loaded = {lastModified, style};
+    }
+    return loaded.style;
+}
 } // namespace
 
 ListDialog::ListDialog(QWidget *parent)
@@ -28,14 +51,18 @@ ListDialog::~ListDialog()
     m_loop->exit(0);
 }
 
+void ListDialog::forgetStyles()
+{
+    loadedStyles.clear();
+}
+
 void ListDialog::build(const QString &styleName, const QString &cancelText)
 {
-    const IApplication *application = KestCommandProvider::instance()->application();
-    m_style.load(FlickListStyle::fileFor(*application, styleName));
+    m_style = styleOf(FlickListStyle::fileFor(*KestCommandProvider::instance()->application(), styleName));
 
     m_list = std::make_unique<FlickList>(this);
     m_list->setObjectName(QStringLiteral("list"));
-    m_list->setListStyle(&m_style);
+    m_list->setListStyle(m_style.get());
     connect(m_list.get(), &FlickList::clicked, this, &ListDialog::clicked);
 
     m_menuBar = new QMenuBar(this);

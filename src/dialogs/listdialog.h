@@ -22,6 +22,10 @@ public:
     explicit ListDialog(QWidget *parent);
     ~ListDialog() override;
 
+    /// Styles are read once, and again when their files have changed. This gives them and their pictures
+    /// back, which has to happen before the application object goes.
+    static void forgetStyles();
+
 protected:
     /// Makes the list and the menu bar. The style is "styles/", @p styleName and ".xml", or ".vga.xml" on a
     /// high-density screen, below the application directory. A click on a row goes to clicked().
@@ -49,7 +53,7 @@ protected:
 private:
     void arrange();
 
-    FlickListStyle m_style;
+    std::shared_ptr<const FlickListStyle> m_style;
     std::unique_ptr<FlickList> m_list; ///< a child, too, but to be destroyed before its style
     int m_listTop = 0;
     QMenuBar *m_menuBar = nullptr;

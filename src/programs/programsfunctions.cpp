@@ -1,42 +1,58 @@
+#include "dialogs/dialogowner.h"
+#include "files/paths.h"
+#include "orvanecore/functionarguments.h"
+#include "orvanecore/iapplication.h"
+#include "platform/platform.h"
+#include "platform/shell.h"
+#include "programs/programsmenu.h"
 #include "provider/argumentcheck.h"
 #include "provider/kestcommandprovider.h"
 
-void KestCommandProvider::extractIcon(FunctionArguments *)
+namespace {
+
+/// All of these functions report bad arguments as openProgramsFolder().
+bool checkFolderArgument(const FunctionArguments &arguments)
 {
-    warnNotAvailable("extractIcon");
+    return checkArguments("openProgramsFolder", arguments, {0, 1, {ArgumentType::String}});
 }
 
-void KestCommandProvider::openProgramsFolder(FunctionArguments *)
+/// The folder meant, the system's own if none is named. A path of the device.
+QString folderOf(const FunctionArguments &arguments, const IApplication &application)
 {
-    warnNotAvailable("openProgramsFolder");
+    if (arguments.argumentCount() == 0)
+        return ProgramsMenu::systemFolder();
+    const QString path = arguments.argument(0).toString();
+    return isAbsolutePath(path) ? path : application.applicationPath() + path;
 }
 
-void KestCommandProvider::cacheProgramsFolder(FunctionArguments *)
+} // namespace
+
+void KestCommandProvider::openProgramsFolder(FunctionArguments *arguments)
 {
-    warnNotAvailable("cacheProgramsFolder");
+    if (!checkFolderArgument(*arguments))
+        return;
+    ProgramsMenu::readSettings();
+    QString chosen;
+    {
+        const DialogOwner<ProgramsMenu> menu;
+        menu->show(folderOf(*arguments, *m_application));
+        if (menu.get())
+            chosen = menu->result();
+    }
+    if (!chosen.isEmpty())
+        launch(chosen, QString());
 }
 
-void KestCommandProvider::clearProgramsFolderCache(FunctionArguments *)
+void KestCommandProvider::cacheProgramsFolder(FunctionArguments *arguments)
 {
-    warnNotAvailable("clearProgramsFolderCache");
+    if (checkFolderArgument(*arguments))
+        ProgramsMenu::buildCaches(folderOf(*arguments, *m_application));
 }
 
-void KestCommandProvider::focusWindow(FunctionArguments *)
+void KestCommandProvider::clearProgramsFolderCache(FunctionArguments *arguments)
 {
-    warnNotAvailable("focusWindow");
-}
-
-void KestCommandProvider::runningProcesses(FunctionArguments *)
-{
-    warnNotAvailable("runningProcesses");
-}
-
-void KestCommandProvider::closeWindow(FunctionArguments *)
-{
-    warnNotAvailable("closeWindow");
-}
-
-void KestCommandProvider::clearRunningProcessesResources(FunctionArguments *)
-{
-    warnNotAvailable("clearRunningProcessesResources");
+    if (!checkFolderArgument(*arguments))
+        return;
+    const bool isForAll = arguments->argumentCount() == 0;
+    ProgramsMenu::purgeCaches(isForAll ? QString() : folderOf(*arguments, *m_application));
 }

@@ -67,8 +67,3 @@ void reportError(const char *function, const char *message)
                                 QLatin1String(function) + QLatin1String(": ")
                                     + QCoreApplication::translate("KestCommandProvider", message));
 }
-
-void warnNotAvailable(const char *function)
-{
-    qWarning("%s: not available in this version", function);
-}

@@ -46,6 +46,3 @@ void reportInvalidArguments(const char *function);
 /// Shows a message box titled "Error" with the function's name, a colon, a blank and @p message, which
 /// is translated in the context "KestCommandProvider". Returns when the user has closed it.
 void reportError(const char *function, const char *message);
-
-/// Warns on standard error that this version publishes the function but does not carry it out yet.
-void warnNotAvailable(const char *function);

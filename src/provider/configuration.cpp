@@ -3,12 +3,8 @@
 #include "kestmainprovider/kestmainprovider.h"
 #include "orvanecore/functionarguments.h"
 #include "orvanecore/iapplication.h"
-#include "platform/platform.h"
-#include "platform/shell.h"
 #include "programs/programsmenu.h"
 #include "provider/argumentcheck.h"
-
-#include <QtCore/QSettings>
 
 namespace {
 
@@ -89,16 +85,11 @@ void KestCommandProvider::deleteConfig(FunctionArguments *arguments)
 
 void KestCommandProvider::configChanged()
 {
-    const QSettings settings;
-    ProgramsMenu::useCache = settings.value(QStringLiteral("main/useProgramsCache"), true).toBool();
-    if (ProgramsMenu::useCache) {
-        const auto programs =
-            platform::current().shell().specialFolder(platform::SpecialFolder::Programs, false);
-        ProgramsMenu::buildCaches(QString::fromStdU16String(programs.value_or(std::u16string())));
-    } else {
+    ProgramsMenu::readSettings();
+    if (ProgramsMenu::useCache)
+        ProgramsMenu::buildCaches(ProgramsMenu::systemFolder());
+    else
         ProgramsMenu::purgeCaches(QString());
-    }
-    ProgramsMenu::useIconsCache = settings.value(QStringLiteral("main/useProgramsIconCache"), false).toBool();
     if (!ProgramsMenu::useIconsCache)
         ProgramsMenu::purgeIconsCache();
 }

@@ -1,5 +1,6 @@
 #include "provider/kestcommandprovider.h"
 
+#include "dialogs/listdialog.h"
 #include "kestmainprovider/kestmainprovider.h"
 #include "network/fetchcallbacks.h"
 #include "network/networkthread.h"
@@ -62,6 +63,8 @@ void KestCommandProvider::EndInitialize() { }
 void KestCommandProvider::Unload()
 {
     ProgramsMenu::purgeCaches(QString());
+    ProgramsMenu::purgeIconsCache();
+    ListDialog::forgetStyles();
     m_radios.release();
     DeInitPOOM();
     stopNetworkThread();

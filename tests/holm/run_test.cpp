@@ -62,7 +62,6 @@ TEST(HolmRun, StatusAndOutput)
         {"--unattended", "getFiles(1)", 0, "", "[Error] getFiles: Invalid function arguments.\n"},
         {"--unattended --locale de", "getFiles(1)", 0, "",
          "[Error] getFiles: Ungültige Funktionsargumente.\n"},
-        {"--unattended", "extractIcon()", 0, "", "extractIcon: not available in this version\n"},
         {"--unattended", "include('missing.js')", 1, "", "w.js:1: Error: include: missing.js: "},
         {"--unattended", "widget.close()", 1, "", "w.js:1: Error: This widget has no face: "},
         {"--unattended --screenshot p.png", "", 2, "", "holm: p.png: no picture, the widget has no window\n"},

@@ -1,40 +1,10 @@
 #include "pim/outlooktest.h"
 #include "support/dialoganswer.h"
+#include "support/pictures.h"
 
-#include <QtCore/QBuffer>
-#include <QtGui/QImage>
 #include <QtTest/QTest>
-#include <QtWidgets/QAbstractButton>
-#include <QtWidgets/QMessageBox>
 
 namespace {
-
-QByteArray pictureFile(const QColor &colour, int width, int height)
-{
-    QImage image(width, height, QImage::Format_RGB32);
-    image.fill(colour);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return bytes;
-}
-
-/// Answers questions with Yes during its life.
-class SaysYes : public QObject
-{
-public:
-    SaysYes() { qApp->installEventFilter(this); }
-
-    bool eventFilter(QObject *watched, QEvent *event) override
-    {
-        auto *box = event->type() == QEvent::Show ? qobject_cast<QMessageBox *>(watched) : nullptr;
-        if (box && box->button(QMessageBox::Yes))
-            QMetaObject::invokeMethod(box->button(QMessageBox::Yes), &QAbstractButton::click,
-                                      Qt::QueuedConnection);
-        return false;
-    }
-};
 
 class ContactsTest : public OutlookTest
 {
@@ -68,7 +38,7 @@ protected:
         ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
     }
 
-    /// What contactImage() calls back with, and the picture that it saved, such as "true 30x40 #ff0000".
+    /// What contactImage() calls back with, and the picture that it saved, such as "true 30x40 #ffff0000".
     QString save(const char *arguments)
     {
         const QString path = m_dir.filePath(QStringLiteral("app/out.png"));
@@ -76,13 +46,8 @@ protected:
         const QString result =
             run(QStringLiteral("results = []; contactImage(this, cb, %1); results.join('|')")
                     .arg(QLatin1String(arguments)));
-        const QImage image(path);
-        return result.mid(1, result.size() - 2)
-            + (image.isNull() ? QString()
-                              : QStringLiteral(" %1x%2 %3")
-                                    .arg(image.width())
-                                    .arg(image.height())
-                                    .arg(image.pixelColor(0, 0).name()));
+        return QString(result.mid(1, result.size() - 2) + QLatin1Char(' ') + description(QImage(path)))
+            .trimmed();
     }
 };
 
@@ -103,15 +68,15 @@ TEST_F(ContactsTest, ContactInfoTellsAllProperties)
 TEST_F(ContactsTest, ContactImageSavesThePhoto)
 {
     const QPair<const char *, const char *> cases[] = {
-        {"7, 'out.png', false", "true 30x40 #ff0000"},
-        {"7, 'out.png', false, 10, 20", "true 10x20 #ff0000"},
-        {"7, 'out.png', false, 0, 20", "true 30x20 #ff0000"},
-        {"7, 'out.png', false, 0, 0", "true 30x40 #ff0000"},
+        {"7, 'out.png', false", "true 30x40 #ffff0000"},
+        {"7, 'out.png', false, 10, 20", "true 10x20 #ffff0000"},
+        {"7, 'out.png', false, 0, 20", "true 30x20 #ffff0000"},
+        {"7, 'out.png', false, 0, 0", "true 30x40 #ffff0000"},
         {"7, 'out.png', false, -1, 5", "false"},
         {"7, 'out.png', false, 100000, 100000", "false"},
         {"7, 'out.unknown', false", "false"},
         {"7, 'no such folder/out.png', false", "false"},
-        {"7, 'out.png', true", "true 30x40 #ff0000"}, // the question is answered with No
+        {"7, 'out.png', true", "true 30x40 #ffff0000"}, // the question is answered with No
         {"8, 'out.png', false", "false"},
         {"9, 'out.png', false", "false"},
         {"10, 'out.png', false", "false"},
@@ -142,11 +107,11 @@ TEST_F(ContactsTest, ContactImageTakesACustomPicture)
         const char *outcome;
     };
     const Case cases[] = {
-        {"blue.png", "8, 'out.png', true", "true 8x8 #0000ff"},
-        {"blue.png", "7, 'out.png', true, 5, 6", "true 5x6 #0000ff"},
-        {"blue.png", "7, 'out.png', true, 5, 0", "true 5x40 #ff0000"},
-        {"broken.jpg", "7, 'out.png', true", "true 30x40 #ff0000"},
-        {"", "7, 'out.png', true", "true 30x40 #ff0000"},
+        {"blue.png", "8, 'out.png', true", "true 8x8 #ff0000ff"},
+        {"blue.png", "7, 'out.png', true, 5, 6", "true 5x6 #ff0000ff"},
+        {"blue.png", "7, 'out.png', true, 5, 0", "true 5x40 #ffff0000"},
+        {"broken.jpg", "7, 'out.png', true", "true 30x40 #ffff0000"},
+        {"", "7, 'out.png', true", "true 30x40 #ffff0000"},
         {"", "8, 'out.png', true", "false"},
     };
     for (const Case &step : cases) {

@@ -33,6 +33,20 @@ bool DialogAnswer::eventFilter(QObject *watched, QEvent *event)
     return false;
 }
 
+SaysYes::SaysYes()
+{
+    qApp->installEventFilter(this);
+}
+
+bool SaysYes::eventFilter(QObject *watched, QEvent *event)
+{
+    auto *box = event->type() == QEvent::Show ? qobject_cast<QMessageBox *>(watched) : nullptr;
+    if (box && box->button(QMessageBox::Yes))
+        QMetaObject::invokeMethod(box->button(QMessageBox::Yes), &QAbstractButton::click,
+                                  Qt::QueuedConnection);
+    return false;
+}
+
 QStringList rowsOf(const QWidget &dialog)
 {
     QStringList rows;

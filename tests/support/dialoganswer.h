@@ -21,6 +21,15 @@ private:
     int m_count = 0;
 };
 
+/// Answers questions with Yes during its life.
+class SaysYes : public QObject
+{
+public:
+    SaysYes();
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+};
+
 /// The texts of the rows that the dialog's list shows.
 QStringList rowsOf(const QWidget &dialog);
 

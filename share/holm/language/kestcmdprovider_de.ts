@@ -71,6 +71,14 @@
         <source>Do you want to select a custom Image?</source>
         <translation>Möchten Sie ein eigenes Bild auswählen?</translation>
     </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
 </context>
 <context>
     <name>ContactSelector</name>

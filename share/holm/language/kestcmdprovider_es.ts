@@ -71,6 +71,14 @@
         <source>Do you want to select a custom Image?</source>
         <translation>¿Desea seleccionar una imagen propia?</translation>
     </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Atrás</translation>
+    </message>
 </context>
 <context>
     <name>ContactSelector</name>

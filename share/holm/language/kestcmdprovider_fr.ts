@@ -71,6 +71,14 @@
         <source>Do you want to select a custom Image?</source>
         <translation>Voulez-vous choisir une image personnelle ?</translation>
     </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Retour</translation>
+    </message>
 </context>
 <context>
     <name>ContactSelector</name>

@@ -71,6 +71,14 @@
         <source>Do you want to select a custom Image?</source>
         <translation>是否要选择自定义图片？</translation>
     </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>返回</translation>
+    </message>
 </context>
 <context>
     <name>ContactSelector</name>
