@@ -1,4 +1,4 @@
-// Answers the dialogs of the pages "Dialogs" and "Organizer": holm run --robot widgets/tour/robot.js widgets/tour --once
+// Answers the dialogs of the tour: holm run --robot widgets/tour/robot.js widgets/tour --once
 // They come in the order of the pages' buttons. The run fails if one is not as expected on a new device.
 var answers = [
   function () {
@@ -33,6 +33,14 @@ var answers = [
     robot.type("mag");
     robot.key("Down");
     robot.key("Return");
+  },
+  // Into a folder and back, and then a program.
+  function () {
+    expectRows(["Accessories", "Settings", "Hello", "Music Player"]);
+    robot.click("Settings");
+    expectRows(["Back", "Network", "Radios Off", "Radios On", "Silent", "Sound On", "Vibrate"]);
+    robot.click("Back");
+    robot.click("Hello");
   }
 ];
 

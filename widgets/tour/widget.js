@@ -8,13 +8,15 @@ include("registry.js");
 include("dialogs.js");
 include("device.js");
 include("organizer.js");
+include("programs.js");
+include("tasks.js");
 include("feeds.js");
 include("feedshtml.js");
 
 // In the order of the page chooser.
 var tourPages = [
   welcomePage, configurationPage, filesPage, launchingPage, registryPage, dialogsPage, devicePage, organizerPage,
-  feedsPage
+  programsPage, tasksPage, feedsPage
 ];
 
 /** @param {number} index */
