@@ -56,6 +56,14 @@ void settle(const QString &folder)
     EXPECT_EQ(::utimensat(AT_FDCWD, QFile::encodeName(folder).constData(), times, 0), 0);
 }
 
+/// Lays the rows out and paints them, which the list does only after a while.
+void showRows(QWidget &dialog)
+{
+    auto &list = *dialog.findChild<FlickList *>();
+    list.doItemsLayout();
+    list.viewport()->repaint();
+}
+
 class ProgramsMenuTest : public ProviderTest
 {
 protected:
@@ -86,7 +94,7 @@ protected:
                 tapRow(dialog, row);
                 shown = rowsOf(dialog).join(QLatin1Char('|'));
             }
-            dialog.repaint();
+            showRows(dialog);
         });
         run(QStringLiteral("openProgramsFolder(%1)").arg(arguments));
         EXPECT_EQ(answer.count(), 1);
@@ -243,7 +251,7 @@ TEST_F(ProgramsMenuTest, RowsShowTheirPictures)
         const DialogAnswer answer([&](QWidget &dialog) {
             if (*c.rows)
                 tapRow(dialog, QLatin1String(c.rows));
-            QCoreApplication::processEvents(); // lays the rows out
+            showRows(dialog);
             const QImage shown = dialog.findChild<FlickList *>()->viewport()->grab().toImage();
             for (int row = 0; row < c.pictures.size(); ++row) {
                 // Of one colour all over, if the text keeps off it.
