@@ -26,12 +26,13 @@ FolderCache FolderCache::read(const QString &folder)
     // only know every other second.
     constexpr qint64 usualStep = 20; // milliseconds
     constexpr qint64 longestStep = 2000;
-    // Asked before the folder is read, so that what changes meanwhile is.
+    // Asked before the folder is read, so that what changes meanwhile is seen.
     QDateTime time = timeOf(folder);
     const qint64 step = time.time().msec() == 0 ? longestStep : usualStep;
     if (qAbs(time.msecsTo(QDateTime::currentDateTime())) < step)
         time = QDateTime();
-    FolderListing listing = listFolder(localPath(folder), {QStringLiteral("*.lnk")}, HiddenFiles::LeftOut);
+    const FolderListing listing =
+        listFolder(localPath(folder), {QStringLiteral("*.lnk")}, HiddenFiles::LeftOut);
     return {listing.folders, listing.files, time};
 }
 

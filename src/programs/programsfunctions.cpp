@@ -2,8 +2,6 @@
 #include "files/paths.h"
 #include "orvanecore/functionarguments.h"
 #include "orvanecore/iapplication.h"
-#include "platform/platform.h"
-#include "platform/shell.h"
 #include "programs/programsmenu.h"
 #include "provider/argumentcheck.h"
 #include "provider/kestcommandprovider.h"

@@ -1,5 +1,7 @@
 #include "platform/desktop/x11windows.h"
 
+#include "platform/desktop/plainpicture.h"
+
 #include <KWindowInfo>
 #include <KX11Extras>
 #include <QtCore/QFile>
@@ -20,7 +22,6 @@ namespace platform {
 namespace {
 
 constexpr int largestPicture = 8192; // pixels, either way
-constexpr QRgb opaque = 0xff000000;
 
 /// The X server that shows this program's windows; null if there is none.
 xcb_connection_t *connection()
@@ -173,16 +174,7 @@ Picture X11Windows::snapshot(WindowHandle window)
     const QRect area = info->geometry();
     if (area.width() > largestPicture || area.height() > largestPicture)
         return {};
-    const QImage image = screenPicture(area);
-    Picture picture{image.width(), image.height(), {}};
-    picture.pixels.reserve(static_cast<std::size_t>(image.width())
-                           * static_cast<std::size_t>(image.height()));
-    for (int y = 0; y < image.height(); ++y) {
-        const auto *const line = reinterpret_cast<const QRgb *>(image.constScanLine(y));
-        std::transform(line, line + image.width(), std::back_inserter(picture.pixels),
-                       [](QRgb pixel) { return pixel | opaque; });
-    }
-    return picture;
+    return toPicture(screenPicture(area).convertToFormat(QImage::Format_RGB32));
 }
 
 bool X11Windows::setForeground(WindowHandle window)

@@ -3,6 +3,7 @@
 #include "platform/desktop/filedescriptor.h"
 #include "platform/desktop/icons/iconfile.h"
 #include "platform/desktop/icons/iconimage.h"
+#include "platform/desktop/plainpicture.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
@@ -31,21 +32,10 @@ public:
     {
     }
 
-    Picture picture() override
-    {
-        Picture picture;
-        picture.width = m_image.width();
-        picture.height = m_image.height();
-        picture.pixels.reserve(static_cast<std::size_t>(m_image.sizeInBytes()) / sizeof(QRgb));
-        for (int y = 0; y < picture.height; ++y) {
-            const auto *row = reinterpret_cast<const QRgb *>(m_image.constScanLine(y));
-            picture.pixels.insert(picture.pixels.end(), row, row + picture.width);
-        }
-        return picture;
-    }
+    Picture picture() override { return toPicture(m_image); }
 
 private:
-    const QImage m_image; ///< of the format ARGB32
+    const QImage m_image;
 };
 
 /// Opens a regular file and nothing else: a device may do something, a pipe may wait for ever.
