@@ -1,6 +1,7 @@
 #include "configurationstore.h"
 
 #include "configurationfile.h"
+#include "savelock.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFile>
@@ -9,10 +10,7 @@
 #include <QtCore/QSaveFile>
 
 #include <array>
-#include <fcntl.h>
 #include <optional>
-#include <sys/file.h>
-#include <unistd.h>
 
 namespace {
 
@@ -60,29 +58,6 @@ QVariant decoded(const QString &text)
     const bool isText = mark->type == QMetaType::QString;
     return isText || value.convert(mark->type) ? value : QVariant(text);
 }
-
-/// Keeps other processes from saving. Unlike a lock file, it goes when its holder is killed (flock(2)).
-class SaveLock
-{
-public:
-    explicit SaveLock(const QString &folder)
-        : m_folder(open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
-    {
-        m_isHeld = m_folder >= 0 && flock(m_folder, LOCK_EX) == 0;
-    }
-    ~SaveLock()
-    {
-        if (m_folder >= 0)
-            close(m_folder);
-    }
-    Q_DISABLE_COPY(SaveLock)
-
-    bool isHeld() const { return m_isHeld; }
-
-private:
-    const int m_folder;
-    bool m_isHeld = false;
-};
 
 /// Empty if there is no such file, nothing if it cannot be read.
 std::optional<QByteArray> contentOf(const QString &path)
