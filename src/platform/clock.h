@@ -33,7 +33,7 @@ public:
     /// buffer of @p capacity characters). Pictures are made of d, dd, ddd, dddd, M to MMMM, y, yy, yyyy, and
     /// of other text, which may stand in single quotes; two of them are one quote. The day of the week is
     /// worked out, not taken from @p time. Nothing if there is no such date, or if the text and a terminating
-    /// null are longer than @p capacity.
+    /// null are longer than @p capacity, and perhaps nothing if the picture has more than 100 characters.
     virtual std::optional<std::u16string> dateText(const SystemTime &time, const std::u16string &picture,
                                                    int capacity) = 0;
 

@@ -34,10 +34,10 @@ public:
     /// Takes an icon out of a program, library or icon file (ExtractIconExW, for one icon in both sizes).
     ///
     /// @p file is an absolute path as Shell::localPath() takes it. @p index counts a program's icons from 0;
-    /// a negative one names the icon with that number, made positive, as its resource identifier. An icon
-    /// file holds one icon: 0 and every negative index give it. The large icon is the one nearest to 32x32
-    /// pixels, the small one the nearest to 16x16. Nothing is found in a file that is missing, of another
-    /// kind or damaged.
+    /// a negative one names the icon with that number, made positive, as its resource identifier (but -1
+    /// finds nothing where the system answers it with the number of icons). An icon file holds one icon: 0
+    /// and every negative index give it. The large icon is the one nearest to 32x32 pixels, the small one the
+    /// nearest to 16x16. Nothing is found in a file that is missing, of another kind or damaged.
     virtual ExtractedIcons extract(const std::u16string &file, int index) = 0;
 
     /// The screen's horizontal density in dots per inch (GetDeviceCaps, LOGPIXELSX).

@@ -4,11 +4,11 @@
 
 namespace platform {
 
-/// The system's own message box.
-class MessageBox
+/// The system's own message box. (Windows makes MessageBox a macro.)
+class NativeMessageBox
 {
 public:
-    virtual ~MessageBox() = default;
+    virtual ~NativeMessageBox() = default;
 
     /// Shows a text under a caption, with nothing to answer (MessageBoxW). May be called from any thread and
     /// never waits for another: on the GUI thread it returns when the user has closed the box, elsewhere it

@@ -10,7 +10,7 @@ class ConnectionManager;
 class DevicePower;
 class HiddenWindows;
 class Icons;
-class MessageBox;
+class NativeMessageBox;
 class PocketOutlook;
 class Registry;
 class Shell;
@@ -28,7 +28,7 @@ public:
 
     virtual Shell &shell() = 0;
     virtual Registry &registry() = 0;
-    virtual MessageBox &messageBox() = 0;
+    virtual NativeMessageBox &messageBox() = 0;
     virtual TopLevelWindows &windows() = 0;
     virtual Icons &icons() = 0;
     virtual Wireless &wireless() = 0;

@@ -223,6 +223,7 @@ public:
 
     /// Nothing if it is no date that the system can write.
     virtual std::optional<SystemTime> VariantTimeToSystemTime(VariantDate date) = 0;
+    /// Of a date that exists.
     virtual std::optional<VariantDate> SystemTimeToVariantTime(const SystemTime &time) = 0;
 };
 

@@ -82,7 +82,7 @@ public:
     virtual ~RegistryNotification() = default;
 };
 
-/// The registry. Any thread.
+/// The registry. Any thread. It has to outlive its notifications.
 class Registry
 {
 public:
@@ -93,11 +93,12 @@ public:
     virtual RegistryOpening open(RegistryRoot root, const std::optional<std::u16string> &subkey) = 0;
 
     /// Calls @p listener for every change of a value, by any process, from now on, in the order of the
-    /// changes (RegistryNotifyCallback without a condition). The key has to exist; the value may be missing.
-    /// Writing the type and data that are there already is no change. Deleting the key counts as deleting
-    /// the value, and if both are made again that is told as well. The listener is called on a thread of the
-    /// system's; it may read and write keys, but neither begin nor end notifications. Null if the
-    /// registration fails.
+    /// changes (RegistryNotifyCallback without a condition). Where a system only tells that something has
+    /// changed, changes in quick succession may come as one, or as none if they undo each other; the last
+    /// state is always told. The key has to exist; the value may be missing. Writing the type and data that
+    /// are there already is no change. Deleting the key counts as deleting the value, and if both are made
+    /// again that is told as well. The listener is called on a thread of the system's; it may read and write
+    /// keys, but neither begin nor end notifications. Null if the registration fails.
     virtual std::unique_ptr<RegistryNotification> notify(RegistryRoot root, const std::u16string &subkey,
                                                          const std::u16string &name,
                                                          RegistryListener listener) = 0;

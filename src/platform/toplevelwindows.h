@@ -32,7 +32,8 @@ class TopLevelWindows
 public:
     virtual ~TopLevelWindows() = default;
 
-    /// The window with exactly that title (FindWindowW without a class name); nothing if there is none.
+    /// The window with exactly that title, but that letter case may not count (FindWindowW without a class
+    /// name); nothing if there is none.
     virtual std::optional<WindowHandle> find(const std::u16string &title) = 0;
 
     /// Puts a message into the queue of the window's program and does not wait for an answer (PostMessageW),

@@ -11,7 +11,7 @@
 class RegistryMonitor;
 
 namespace platform {
-class MessageBox;
+class NativeMessageBox;
 } // namespace platform
 
 /// The subscribers of one registry value.
@@ -57,7 +57,7 @@ private:
     void showError(const QString &text);
 
     platform::Registry &m_registry;
-    platform::MessageBox &m_messageBox;
+    platform::NativeMessageBox &m_messageBox;
     RegistrySubscription *m_subscription = nullptr;
     platform::RegistryRoot m_root;
     const QString m_path;

@@ -26,7 +26,7 @@ public:
 };
 
 /// Writes down what it is to show, as "[caption] text".
-class FakeMessageBox : public platform::MessageBox
+class FakeMessageBox : public platform::NativeMessageBox
 {
 public:
     void show(const std::u16string &text, const std::u16string &caption) override;
@@ -56,7 +56,7 @@ public:
     explicit FakePlatform(const QString &deviceFolder);
 
     platform::Shell &shell() override { return fakeShell; }
-    platform::MessageBox &messageBox() override { return fakeMessageBox; }
+    platform::NativeMessageBox &messageBox() override { return fakeMessageBox; }
     platform::Registry &registry() override { return registryInForce ? *registryInForce : device.registry(); }
     platform::TopLevelWindows &windows() override
     {

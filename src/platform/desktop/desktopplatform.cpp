@@ -28,7 +28,7 @@ Registry &DesktopPlatform::registry()
     return m_registry;
 }
 
-MessageBox &DesktopPlatform::messageBox()
+NativeMessageBox &DesktopPlatform::messageBox()
 {
     return m_messageBox;
 }

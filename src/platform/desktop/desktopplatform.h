@@ -26,7 +26,7 @@ public:
 
     Shell &shell() override;
     Registry &registry() override;
-    MessageBox &messageBox() override;
+    NativeMessageBox &messageBox() override;
     TopLevelWindows &windows() override;
     Icons &icons() override;
     Wireless &wireless() override;

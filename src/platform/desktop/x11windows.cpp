@@ -76,7 +76,7 @@ bool isElsewhere(const KWindowInfo &info)
 
 std::u16string cutToBuffer(const QString &text, int bufferLength)
 {
-    int length = std::max(0, bufferLength - 1);
+    int length = std::max(1, bufferLength) - 1;
     if (length > 0 && length < text.size() && text.at(length - 1).isHighSurrogate())
         --length;
     return text.left(length).toStdU16String();
