@@ -23,38 +23,7 @@ protected:
     }
 };
 
-struct WrittenText
-{
-    std::uint32_t type;
-    std::u16string text;
-    std::uint32_t counted;
-    std::uint32_t stored;
-};
-
-const WrittenText writtenTexts[] = {
-    {RegistryType::string, u"abc", 6, 8},       {RegistryType::string, u"abc", 7, 9},
-    {RegistryType::string, u"abc", 8, 8},       {RegistryType::string, u"abc", 5, 5},
-    {RegistryType::string, u"", 0, 0},          {RegistryType::string, u"", 1, 1},
-    {RegistryType::expandString, u"abc", 6, 8}, {RegistryType::string, std::u16string(u"a\0b", 3), 7, 9},
-    {RegistryType::binary, u"abc", 7, 7},
-};
-
 } // namespace
-
-TEST_F(RegistryStoreTest, CompletesAnUncountedTerminatingNull)
-{
-    const auto key = widgets();
-    ASSERT_TRUE(key);
-    for (const WrittenText &written : writtenTexts) {
-        const auto *bytes = reinterpret_cast<const std::uint8_t *>(written.text.data());
-        const platform::RegistryBytes buffer(bytes, bytes + 2 * written.text.size());
-        ASSERT_TRUE(key->write(u"text", written.type, buffer, written.counted));
-        EXPECT_EQ(key->info(u"text")->size, written.stored)
-            << written.counted << " bytes of type " << written.type;
-        EXPECT_TRUE(key->read(u"text", written.stored));
-        EXPECT_FALSE(written.stored > 0 && key->read(u"text", written.stored - 1));
-    }
-}
 
 TEST_F(RegistryStoreTest, ComparesNamesWithoutLetterCaseAndKeepsTheFirstSpelling)
 {
