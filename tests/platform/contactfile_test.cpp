@@ -1,3 +1,4 @@
+#include "contracts/outlooksamples.h"
 #include "platform/desktop/outlook/contact.h"
 #include "platform/desktop/outlook/variantdate.h"
 #include "support/pimprograms.h"
@@ -47,65 +48,16 @@ QByteArray cardOf(const QByteArray &lines)
     return "BEGIN:VCARD\r\nVERSION:3.0\r\n" + lines + "\r\nEND:VCARD\r\n";
 }
 
-/// In the order of ContactText.
-const char *const textNames[] = {"BusinessFaxNumber",
-                                 "CompanyName",
-                                 "Department",
-                                 "Email1Address",
-                                 "MobileTelephoneNumber",
-                                 "OfficeLocation",
-                                 "PagerNumber",
-                                 "BusinessTelephoneNumber",
-                                 "JobTitle",
-                                 "HomeTelephoneNumber",
-                                 "Email2Address",
-                                 "Spouse",
-                                 "Email3Address",
-                                 "Home2TelephoneNumber",
-                                 "HomeFaxNumber",
-                                 "CarTelephoneNumber",
-                                 "AssistantName",
-                                 "AssistantTelephoneNumber",
-                                 "Children",
-                                 "Categories",
-                                 "WebPage",
-                                 "Business2TelephoneNumber",
-                                 "Title",
-                                 "FirstName",
-                                 "MiddleName",
-                                 "LastName",
-                                 "Suffix",
-                                 "HomeAddressStreet",
-                                 "HomeAddressCity",
-                                 "HomeAddressState",
-                                 "HomeAddressPostalCode",
-                                 "HomeAddressCountry",
-                                 "OtherAddressStreet",
-                                 "OtherAddressCity",
-                                 "OtherAddressState",
-                                 "OtherAddressPostalCode",
-                                 "OtherAddressCountry",
-                                 "BusinessAddressStreet",
-                                 "BusinessAddressCity",
-                                 "BusinessAddressState",
-                                 "BusinessAddressPostalCode",
-                                 "BusinessAddressCountry",
-                                 "RadioTelephoneNumber",
-                                 "FileAs",
-                                 "Body",
-                                 "YomiCompanyName",
-                                 "YomiFirstName",
-                                 "YomiLastName"};
-static_assert(std::size(textNames) == platform::contactTextCount);
-
 /// As the texts beside the samples have it, one property a line.
 QStringList linesOf(const Contact &contact, const QByteArray &photo)
 {
+    const QStringList names = QString::fromLatin1(contracts::contactTextNames).split(QLatin1Char(' '));
+    EXPECT_EQ(names.size(), platform::contactTextCount);
     QStringList lines;
-    for (int i = 0; i < platform::contactTextCount; ++i) {
+    for (int i = 0; i < names.size(); ++i) {
         QString text = textOf(contact, static_cast<ContactText>(i));
         if (!text.isEmpty())
-            lines.append(QLatin1String(textNames[i]) + QLatin1String(": ")
+            lines.append(names.at(i) + QLatin1String(": ")
                          + text.replace(QLatin1Char('\n'), QLatin1String("\\n")));
     }
     for (const auto &[name, date] :

@@ -5,7 +5,7 @@
 
 int main(int argc, char **argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_QPA_PLATFORM", QPA_PLATFORM);
     testing::InitGoogleMock(&argc, argv);
     const QApplication application(argc, argv);
     // Neither the user's settings, nor those of another test that runs at the same time.

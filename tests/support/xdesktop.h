@@ -1,9 +1,8 @@
 #pragma once
 
 #include <QtCore/QProcess>
-#include <QtCore/QTemporaryDir>
 
-/// An X11 desktop of its own without a screen, with a window manager, during its life.
+/// An X11 desktop of its own without a screen, with a window manager, during its life; see with-desktop.
 class XDesktop
 {
 public:
@@ -17,19 +16,11 @@ public:
     /// Empty if the desktop runs.
     QString problem() const { return m_problem; }
 
-    /// What programs find it by: ":NUMBER".
-    QString display() const { return m_display; }
-
     /// For programs that shall show their windows there, and have no other desktop's settings.
-    QProcessEnvironment environment() const;
+    QProcessEnvironment environment() const { return m_environment; }
 
 private:
-    /// The first line that the process puts out; empty if it ends without one.
-    QByteArray firstLine(QProcess &process, const QString &program, const QStringList &arguments);
-
-    QTemporaryDir m_home;
-    QString m_display;
+    QProcess m_desktop;
+    QProcessEnvironment m_environment;
     QString m_problem;
-    QProcess m_server;
-    QProcess m_windowManager;
 };

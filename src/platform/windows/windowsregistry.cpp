@@ -38,8 +38,14 @@ public:
 
     std::optional<RegistryBytes> read(const std::u16string &name, std::uint32_t size) override
     {
-        std::optional<RegistryData> data = readData(m_key.get(), name, std::min(size, largestValue));
-        return data ? std::optional(std::move(data->bytes)) : std::nullopt;
+        RegistryBytes bytes(std::min(size, largestValue));
+        auto count = static_cast<DWORD>(bytes.size());
+        const LONG status = RegQueryValueExW(m_key.get(), wide(name), nullptr, nullptr, bytes.data(), &count);
+        // Without a buffer, the size of a value of any size is told.
+        if (status != ERROR_SUCCESS || count > bytes.size())
+            return std::nullopt;
+        bytes.resize(count);
+        return bytes;
     }
 
     bool write(const std::u16string &name, std::uint32_t type, const RegistryBytes &buffer,
