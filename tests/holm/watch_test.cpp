@@ -18,7 +18,7 @@ bool waitForText(QProcess &process, const QString &text, QString *output)
             *output += QString::fromUtf8(process.readAll());
             return output->contains(text);
         },
-        10000);
+        60000);
 }
 
 } // namespace
@@ -82,9 +82,11 @@ TEST(HolmWatch, LeavesNoRunBehind)
 
         kill(static_cast<pid_t>(process->processId()), signal);
         ASSERT_TRUE(process->waitForFinished());
-        QTest::qWait(3000);
-        const qint64 size = beats.size();
-        QTest::qWait(300);
-        EXPECT_EQ(beats.size(), size) << "the widget still runs after signal " << signal;
+        const auto noMoreBeats = [&beats] {
+            const qint64 size = beats.size();
+            QTest::qWait(500);
+            return beats.size() == size;
+        };
+        EXPECT_TRUE(QTest::qWaitFor(noMoreBeats, 30000)) << "the widget still runs after signal " << signal;
     }
 }
