@@ -73,7 +73,7 @@ TEST_F(MessageWindowTest, TakesWholeMessagesOnly)
     int posts = 0;
     while (windows.post(*handle, {1, 2, 3}))
         ASSERT_LT(++posts, 100000);
-    EXPECT_LT(time.elapsed(), 5000);
+    EXPECT_LT(time.elapsed(), 60000);
 }
 
 TEST_F(MessageWindowTest, HasOneOwnerAtATime)
