@@ -38,10 +38,13 @@ TEST_F(ShellContract, StartsProgramsWithTheirArguments)
         {u"\"b c\" d", {"b c", "d"}},
         {u"\"\" x", {"", "x"}},
         {u"it's $HOME %PATH% & | 'a b'", {"it's", "$HOME", "%PATH%", "&", "|", "'a", "b'"}},
-        {u"x\\ \\\\y", {"x\\", "\\\\y"}},
+        {uR"(x\ "\\y")", {R"(x\)", R"(\\y)"}},
         {u"a\\\"b", {"a\"b"}},
         {u"\"c:\\a b\\\\\" next", {"c:\\a b\\", "next"}},
         {u"\"\"\"quoted\"\"\"", {"\"quoted\""}},
+        {uR"(a\\\b d"e f"g h)", {R"(a\\\b)", "de fg", "h"}},
+        {uR"(a\\"b c" d)", {R"(a\b c)", "d"}},
+        {u"\"open end", {"open end"}},
         {u"\u00fc \u4e16", {"\xc3\xbc", "\xe4\xb8\x96"}},
     };
     for (const auto &c : cases) {

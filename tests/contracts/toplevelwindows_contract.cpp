@@ -1,72 +1,18 @@
-#include "contracts/backend.h"
 #include "contracts/texts.h"
 #include "contracts/toplevelwindows.h"
 
 #include <algorithm>
 #include <climits>
-#include <gmock/gmock.h>
 
 namespace {
 
 using contracts::shown;
-using platform::Picture;
 using platform::WindowHandle;
 using testing::ElementsAre;
 
 constexpr int titleLength = 254;
-constexpr std::uint32_t red = 0xffff0000;
-constexpr std::uint32_t blue = 0xff0000ff;
 
-class TopLevelWindowsContract : public testing::Test
-{
-protected:
-    /// Opens windows: kinds and titles in turn. Waits until all are there.
-    void open(const std::vector<std::u16string> &windows)
-    {
-        m_opener = contracts::openWindows(windows);
-        EXPECT_TRUE(contracts::waitUntil([&] { return listed().size() == windows.size() / 2; }));
-    }
-
-    /// The opened windows, the uppermost first.
-    std::vector<WindowHandle> listed()
-    {
-        std::vector<WindowHandle> all;
-        m_windows.enumerate([&](WindowHandle window) {
-            if (m_windows.programFile(window, 1024) == m_opener->file() && m_windows.isVisible(window))
-                all.push_back(window);
-            return true;
-        });
-        return all;
-    }
-
-    WindowHandle windowOf(const std::u16string &title)
-    {
-        for (const WindowHandle window : listed()) {
-            if (m_windows.title(window, 1000) == title)
-                return window;
-        }
-        ADD_FAILURE() << "There is no window " << shown(title);
-        return 0;
-    }
-
-    /// Whether the window has that size, and shows what the opener draws.
-    bool isDrawn(WindowHandle window, int width, int height)
-    {
-        const Picture picture = m_windows.snapshot(window);
-        bool isRight = picture.width == width && picture.height == height;
-        for (int i = 0; isRight && i < width * height; ++i) {
-            const int x = i % width;
-            const int y = i / width;
-            const bool isEdge = x == 0 || y == 0 || x == width - 1 || y == height - 1;
-            isRight = picture.pixels.at(static_cast<std::size_t>(i)) == (isEdge ? blue : red);
-        }
-        return isRight;
-    }
-
-    const std::unique_ptr<platform::Platform> m_platform = contracts::makePlatform();
-    platform::TopLevelWindows &m_windows = m_platform->windows();
-    std::unique_ptr<contracts::WindowOpener> m_opener;
-};
+using TopLevelWindowsContract = contracts::TopLevelWindowsTest;
 
 } // namespace
 

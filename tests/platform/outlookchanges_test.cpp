@@ -150,13 +150,6 @@ TEST_F(OutlookChangesTest, TellsEachSaveOnceWhateverWayItIsMade)
     m_device.writeEvent("d");
     EXPECT_EQ(calendar(), QStringLiteral("a b c d"));
     EXPECT_TOLD("*2 +4");
-    ASSERT_TRUE(setNotifications(0));
-    m_device.writeEvent("b");
-    EXPECT_TOLD("");
-    ASSERT_TRUE(setNotifications(1));
-    EXPECT_TRUE(m_connection->Logoff());
-    m_device.writeEvent("b", otherTime);
-    EXPECT_TOLD("");
     EXPECT_FALSE(setNotifications(2));
     EXPECT_THAT(warnings, testing::ElementsAre());
 }
@@ -351,30 +344,24 @@ TEST(OutlookStore, TellsWhatIsWrongWithItsDatabase)
         {"PRAGMA user_version = 2", "items.db: it is from a newer version of holm"},
         {"DROP TABLE item", "items.db: no such table"},
         {"INSERT INTO item VALUES (2147483647, 9, 'x', 'x', 0)", "items.db: no identifiers are left"},
+        {nullptr, "items.db: file is not a database"},
     };
     for (const auto &[sql, problem] : cases) {
         OutlookDevice device;
-        platform::SqliteDatabase database;
-        ASSERT_TRUE(device.connect() && database.open(device.path(QStringLiteral("items.db"))));
-        ASSERT_TRUE(database.execute(sql));
         device.writeEvent("a");
+        if (sql) {
+            platform::SqliteDatabase database;
+            ASSERT_TRUE(device.connect() && database.open(device.path(QStringLiteral("items.db"))));
+            ASSERT_TRUE(database.execute(sql));
+        } else {
+            device.write(QStringLiteral("items.db"),
+                         "no database, but long enough to be looked at as if it were one");
+        }
         warnings.clear();
         const auto connection = device.connect();
         EXPECT_EQ(connection ? namesIn(*connection, OutlookFolder::Calendar) : QStringLiteral("none"),
                   QStringLiteral("none"));
         EXPECT_THAT(warnings, testing::ElementsAre(begins(problem)));
     }
-    qInstallMessageHandler(previousHandler);
-}
-
-TEST(OutlookStore, CannotBeOpenedWithoutItsDatabase)
-{
-    OutlookDevice device;
-    device.write(QStringLiteral("items.db"),
-                 "no database, but long enough to be looked at as if it were one");
-    previousHandler = qInstallMessageHandler(noteWarning);
-    warnings.clear();
-    EXPECT_FALSE(device.connect());
-    EXPECT_THAT(warnings, testing::ElementsAre(begins("items.db: file is not a database")));
     qInstallMessageHandler(previousHandler);
 }

@@ -21,6 +21,10 @@ public:
         for (const std::u16string &argument : windows)
             arguments += QString::fromStdU16String(argument);
         m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        // It counts in the X server's pixels however this program is scaled.
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.remove(QStringLiteral("QT_SCALE_FACTOR"));
+        m_process.setProcessEnvironment(environment);
         m_process.start(QStringLiteral(WINDOW_OPENER), arguments);
     }
     ~Opener() override
