@@ -1,6 +1,6 @@
 #pragma once
 
-#include "fuzz/require.h"
+#include "fuzz/target.h"
 
 #include <network/boundedxml.h>
 

@@ -1,15 +1,11 @@
-#include "fuzz/require.h"
+#include "fuzz/target.h"
 
 #include <platform/desktop/outlook/appointment.h>
 #include <platform/desktop/outlook/task.h>
 
-#include <cstddef>
-#include <cstdint>
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+void tryInput(const QByteArray &content)
 {
     using namespace platform;
-    const QByteArray content(reinterpret_cast<const char *>(data), static_cast<int>(size));
     constexpr VariantDate from = 46'000.0;
     for (const auto &item : readAppointments(content).items) {
         const auto appointment = std::dynamic_pointer_cast<const Appointment>(item);
@@ -27,5 +23,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
         }
     }
     readTasks(content);
-    return 0;
 }

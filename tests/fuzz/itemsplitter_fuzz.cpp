@@ -1,13 +1,9 @@
-#include "fuzz/require.h"
+#include "fuzz/target.h"
 
 #include <platform/desktop/outlook/itemsplitter.h>
 
-#include <cstddef>
-#include <cstdint>
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+void tryInput(const QByteArray &content)
 {
-    const QByteArray content(reinterpret_cast<const char *>(data), static_cast<int>(size));
     const platform::SplitFile file = platform::splitItems(content);
     require(file.problem.isEmpty() || file.items.empty(), "nothing is left of a file with a problem");
     for (const platform::SplitItem &item : file.items) {
@@ -19,5 +15,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
                 "it is the same item");
         require(again.items.front().content == item.content, "and is split off as it is");
     }
-    return 0;
 }

@@ -1,25 +1,23 @@
-#include "fuzz/require.h"
+#include "fuzz/target.h"
 
 #include <platform/desktop/icons/iconfile.h>
 #include <platform/desktop/icons/iconimage.h>
 
 #include <QtCore/QBuffer>
 #include <algorithm>
-#include <cstddef>
-#include <cstdint>
 
 using namespace platform;
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+void tryInput(const QByteArray &content)
 {
     constexpr int mostImages = 16; // for speed
-    QByteArray content(reinterpret_cast<const char *>(data), static_cast<int>(size));
-    QBuffer buffer(&content);
+    QBuffer buffer;
+    buffer.setData(content);
     require(buffer.open(QIODevice::ReadOnly), "bytes can be read");
     const IconFile file(buffer);
     for (const int index : {0, 1, 2, 3, -1, -7}) {
         const QVector<IconImage> images = file.icon(index);
-        require(images.size() <= static_cast<int>(size), "a picture is declared somewhere in the file");
+        require(images.size() <= content.size(), "a picture is declared somewhere in the file");
         for (int i = 0; i < std::min(images.size(), mostImages); ++i) {
             const QByteArray encoded = file.encoded(images.at(i));
             require(encoded.size() <= content.size(), "a picture is in the file");
@@ -28,5 +26,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
             require(image.width() <= 1024 && image.height() <= 1024, "no picture is too large");
         }
     }
-    return 0;
 }

@@ -1,15 +1,12 @@
-#include "fuzz/require.h"
+#include "fuzz/target.h"
 
 #include <registry/registrypath.h>
 
 #include <QtCore/QStringList>
 
-#include <cstddef>
-#include <cstdint>
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+void tryInput(const QByteArray &input)
 {
-    const QString text = QString::fromUtf8(reinterpret_cast<const char *>(data), static_cast<int>(size));
+    const QString text = QString::fromUtf8(input.constData(), input.size());
     const QStringList parts = text.split(QLatin1Char('\\'));
     const RegistryPath path = RegistryPath::split(text);
     require(path.root == parts.first(), "the root is what stands before the first backslash");
@@ -18,5 +15,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
             "the key is what stands between");
     require(parts.size() > 1 || path.key.isEmpty(), "without a backslash there is no key");
     registryRoot(path.root);
-    return 0;
 }

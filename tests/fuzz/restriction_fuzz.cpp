@@ -1,4 +1,4 @@
-#include "fuzz/require.h"
+#include "fuzz/target.h"
 
 #include <platform/desktop/outlook/itemfilter.h>
 
@@ -6,8 +6,6 @@
 #include <QtCore/QStringList>
 
 #include <algorithm>
-#include <cstddef>
-#include <cstdint>
 
 namespace {
 
@@ -49,12 +47,12 @@ int depthOf(const Restriction &restriction)
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+void tryInput(const QByteArray &input)
 {
-    const QString text = QString::fromUtf8(reinterpret_cast<const char *>(data), static_cast<int>(size));
+    const QString text = QString::fromUtf8(input.constData(), input.size());
     const auto restriction = platform::parseRestriction(text);
     if (!restriction)
-        return 0;
+        return;
     const QString written = toText(*restriction);
     const auto again = platform::parseRestriction(written);
     // Each operand is in parentheses now.
@@ -66,5 +64,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
         if (filter)
             filter->startRange();
     }
-    return 0;
 }

@@ -1,15 +1,11 @@
-#include "fuzz/require.h"
+#include "fuzz/target.h"
 
 #include <platform/desktop/shortcutfile.h>
 #include <programs/shortcuticon.h>
 
-#include <cstddef>
-#include <cstdint>
-
 // The two readers of shortcuts: what one starts, and where its icon is.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+void tryInput(const QByteArray &content)
 {
-    const QByteArray content(reinterpret_cast<const char *>(data), static_cast<int>(size));
     const auto target = platform::parseShortcut(content);
     require(!target || !target->file.isEmpty(), "a target has a file");
 
@@ -24,5 +20,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     const IconLocation location = readIconLocation(text);
     require(text.contains(location.file), "the file of a location is part of its text");
     require(text.contains(programOf(text)), "a program is part of its command line");
-    return 0;
 }
