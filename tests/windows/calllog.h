@@ -1,34 +1,37 @@
 #pragma once
 
+#include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
-/// Has stand-ins write down how they are called, while it lives. Every call is a line such as
+/// Writes down how stand-ins are called while it lives. Every call is a line such as
 /// "ossvcs 273(WLAN1, 1, 1)". One at a time.
 class CallLog
 {
 public:
-    CallLog();
-    ~CallLog();
+    CallLog() { current = this; }
+    ~CallLog() { current = nullptr; }
     CallLog(const CallLog &) = delete;
     CallLog &operator=(const CallLog &) = delete;
 
     /// The calls since it was made, or last asked.
-    std::vector<std::string> take();
+    std::vector<std::string> take() { return std::exchange(calls, {}); }
 
-private:
-    std::size_t m_taken = 0;
+    std::vector<std::string> calls;
+    inline static CallLog *current = nullptr;
 };
 
-/// Has the functions of stand-ins that ask standins::isToFail() fail while it lives: a list such as
-/// "ossvcs 276;ossvcs 273".
+/// Has functions of stand-ins fail while it lives, such as "ossvcs 276". One at a time.
 class FailingCalls
 {
 public:
-    explicit FailingCalls(const wchar_t *functions);
-    ~FailingCalls();
+    explicit FailingCalls(const std::set<std::string> &failing) { functions = failing; }
+    ~FailingCalls() { functions.clear(); }
     FailingCalls(const FailingCalls &) = delete;
     FailingCalls &operator=(const FailingCalls &) = delete;
+
+    inline static std::set<std::string> functions;
 };
 
 /// The folders of libraries that the system finds, beside its own.

@@ -12,6 +12,11 @@
 using namespace platform;
 using testing::ElementsAre;
 
+void contracts::setOnline(Platform &, bool isOnline)
+{
+    SetEnvironmentVariableW(L"OFFLINE", isOnline ? nullptr : L"yes");
+}
+
 namespace {
 
 class ConnectionsTest : public testing::Test
@@ -36,12 +41,11 @@ TEST_F(ConnectionsTest, PassesArgumentsOn)
     EXPECT_EQ(m_manager.networkFor(m_url), m_network);
     EXPECT_EQ(m_url.front(), u'h');
     EXPECT_EQ(connect()->status(), connectionConnected);
-    EXPECT_THAT(
-        log.take(),
-        ElementsAre(
-            "cellcore MapURL(http://localhost/\u00fc)",
-            "cellcore EstablishConnectionSync(sized, 1, 2, 32768, 1, 0, 00000001...0b, rest 0, 25000)",
-            "cellcore ConnectionStatus(1)", "cellcore ReleaseConnection(1, 0)"));
+    EXPECT_THAT(log.take(),
+                ElementsAre("cellcore MapURL(http://localhost/\u00fc)",
+                            "cellcore EstablishConnectionSync(sized, 1, 2, 32768, 1, 0, "
+                            "{00000001-0002-0003-0405-060708090A0B}, rest 0, 25000)",
+                            "cellcore ConnectionStatus(1)", "cellcore ReleaseConnection(1, 0)"));
     EXPECT_FALSE(GetModuleHandleW(L"cellcore.dll"));
 
     const std::pair<std::chrono::milliseconds::rep, const char *> timeouts[] = {
@@ -68,7 +72,8 @@ TEST_F(ConnectionsTest, FailuresAreAnswers)
 {
     const auto held = connect();
     CallLog log;
-    const FailingCalls failing(L"cellcore MapURL;cellcore ConnectionStatus;cellcore EstablishConnectionSync");
+    const FailingCalls failing(
+        {"cellcore MapURL", "cellcore ConnectionStatus", "cellcore EstablishConnectionSync"});
     EXPECT_FALSE(m_manager.networkFor(m_url));
     EXPECT_FALSE(held->status());
     log.take();

@@ -1,11 +1,18 @@
+#include "contracts/hiddenwindows.h"
+
 #include "platform/windows/library.h"
-#include "platform/windows/widetext.h"
 #include "platform/windows/windowhandles.h"
 #include "platform/windows/windowshiddenwindows.h"
 #include "windows/calllog.h"
 #include "windows/resources.h"
 
 #include <gmock/gmock.h>
+
+bool contracts::postTo(platform::Platform &platform, platform::WindowHandle window,
+                       const platform::WindowMessage &message)
+{
+    return platform.windows().post(window, message);
+}
 
 namespace {
 
@@ -16,23 +23,7 @@ bool takesNothing(const platform::WindowMessage &)
 
 } // namespace
 
-TEST(WindowsHiddenWindows, AreOfAClassAsDescribed)
-{
-    platform::WindowsHiddenWindows windows;
-    const auto windowClass = windows.registerClass(u"KESTCMDPROV_MSGWND", takesNothing);
-    const auto window = windowClass->createWindow();
-    const HWND handle = platform::windowOf(window->handle());
-    WNDCLASSW description{};
-    ASSERT_TRUE(GetClassInfoW(GetModuleHandleW(nullptr), L"KESTCMDPROV_MSGWND", &description));
-    EXPECT_EQ(description.style, static_cast<UINT>(CS_HREDRAW | CS_VREDRAW));
-    EXPECT_EQ(description.hbrBackground, GetStockObject(HOLLOW_BRUSH));
-    EXPECT_FALSE(description.hIcon || description.hCursor || description.lpszMenuName);
-    EXPECT_FALSE(IsWindowVisible(handle));
-    EXPECT_EQ(GetParent(handle), nullptr);
-    EXPECT_EQ(GetWindowTextLengthW(handle), 0);
-}
-
-TEST(WindowsHiddenWindows, BelongToTheLibraryThatMakesThem)
+TEST(WindowsHiddenWindows, AreOfAClassOfTheLibraryThatMakesThem)
 {
     libraries::useStandIns();
     const platform::Library library(L"windowowner.dll");
@@ -40,8 +31,12 @@ TEST(WindowsHiddenWindows, BelongToTheLibraryThatMakesThem)
     ASSERT_TRUE(module);
     const HWND window = library.find<HWND(const char16_t *)>(L"openWindow")(u"Owned");
     EXPECT_EQ(GetWindowLongPtrW(window, GWLP_HINSTANCE), reinterpret_cast<LONG_PTR>(module));
+    EXPECT_FALSE(IsWindowVisible(window) || GetParent(window) || GetWindowTextLengthW(window) > 0);
     WNDCLASSW description{};
     EXPECT_TRUE(GetClassInfoW(module, L"Owned", &description));
+    EXPECT_EQ(description.style, static_cast<UINT>(CS_HREDRAW | CS_VREDRAW));
+    EXPECT_EQ(description.hbrBackground, GetStockObject(HOLLOW_BRUSH));
+    EXPECT_FALSE(description.hIcon || description.hCursor || description.lpszMenuName);
     EXPECT_FALSE(GetClassInfoW(GetModuleHandleW(nullptr), L"Owned", &description));
     library.find<void()>(L"closeWindow")();
     EXPECT_FALSE(IsWindow(window));

@@ -1,118 +1,119 @@
-#include "windows/calllog.h"
-#include "windows/pimstoreserver.h"
+#include "contracts/backend.h"
+#include "contracts/outlook.h"
+#include "contracts/programfolder.h"
 #include "windows/resources.h"
 
-#include "platform/windows/outlook/windowsoutlook.h"
+#include "platform/windows/library.h"
+#include "platform/windows/widetext.h"
 
 #include <gmock/gmock.h>
 #include <objbase.h>
 
+#include <filesystem>
+
 using platform::OutlookFolder;
-using testing::ElementsAre;
 
 namespace {
 
-std::unique_ptr<platform::IPOutlookApp> connect()
+/// The stand-in for Pocket Outlook, as the COM server of its class while the object lives. Each begins with
+/// the samples, and expects in the end that all objects and texts were given back.
+class PimstoreServer : public contracts::OutlookStore
 {
-    return platform::WindowsOutlook().createApplication();
-}
+public:
+    PimstoreServer()
+    {
+        EXPECT_TRUE(m_library.isLoaded());
+        setValue(nullptr, file().native());
+        setValue(L"ThreadingModel", L"Both");
+        m_library.find<void()>(L"resetStore")();
+    }
+    ~PimstoreServer() override
+    {
+        EXPECT_EQ(RegDeleteTreeW(HKEY_LOCAL_MACHINE, classKey), ERROR_SUCCESS);
+        EXPECT_EQ(m_library.find<int()>(L"livingObjects")(), 0);
+    }
+    PimstoreServer(const PimstoreServer &) = delete;
+    PimstoreServer &operator=(const PimstoreServer &) = delete;
 
-void useOutlook()
-{
-    const auto connection = connect();
-    const auto items = connection->GetDefaultFolder(OutlookFolder::Calendar)->get_Items();
-    const auto item = items->Restrict(u"[Subject] = 'Soon'")->Item(1);
-    EXPECT_TRUE(dynamic_cast<platform::IAppointment &>(*item).get_Subject());
-    EXPECT_TRUE(item->QueryItem()->get_Oid());
-    EXPECT_FALSE(items->Restrict(u"nonsense"));
-}
+    std::unique_ptr<platform::IPOutlookApp> connect() override
+    {
+        return m_platform->pocketOutlook().createApplication();
+    }
+    platform::HiddenWindows &windows() override { return m_platform->hiddenWindows(); }
+
+    void change(std::uint32_t message, const std::u16string &subject) override
+    {
+        m_library.find<void(UINT, const wchar_t *)>(L"changeItem")(message, platform::wide(subject));
+    }
+    bool keepsText(const std::string &) const override { return true; }
+
+    /// Has all calls fail but the next ones, so many.
+    void failAfter(int calls) const { m_library.find<void(int)>(L"failAfter")(calls); }
+
+private:
+    // The machine's classes, since Wine does not look for COM classes among those of the user.
+    static constexpr wchar_t classKey[] = L"Software\\Classes\\CLSID\\{05058F23-20BE-11D2-8F18-0000F87A4335}";
+
+    static std::filesystem::path file() { return contracts::programFolder() / "standins" / "pimstore.dll"; }
+
+    static void setValue(const wchar_t *name, const std::wstring &text)
+    {
+        const std::wstring key = std::wstring(classKey) + L"\\InprocServer32";
+        EXPECT_EQ(RegSetKeyValueW(HKEY_LOCAL_MACHINE, key.c_str(), name, REG_SZ, text.c_str(),
+                                  static_cast<DWORD>(2 * (text.size() + 1))),
+                  ERROR_SUCCESS);
+    }
+
+    const platform::Library m_library{file().c_str()};
+    const std::unique_ptr<platform::Platform> m_platform = contracts::makePlatform();
+};
 
 } // namespace
 
-TEST(WindowsOutlook, MakesTheCallsOfASession)
+std::unique_ptr<contracts::OutlookStore> contracts::makeOutlookStore()
 {
-    const PimstoreServer server;
-    CallLog calls;
-    auto connection = connect();
-    ASSERT_TRUE(connection && connection->Logon(0xFFFFFFFF80000001));
-    connection->GetDefaultFolder(OutlookFolder::Contacts)
-        ->QueryItem()
-        ->SetProps(0, {{platform::folderNotifications, 0, 0, platform::remoteChanges}});
-    EXPECT_TRUE(connection->Logoff());
-    connection.reset();
-    EXPECT_THAT(calls.take(),
-                ElementsAre("IClassFactory::CreateInstance(IUnknown)",
-                            "IUnknown::QueryInterface(IPOutlookApp)", "IPOutlookApp::Logon(-2147483647)",
-                            "IPOutlookApp::GetDefaultFolder(10)", "IFolder::QueryInterface(IItem)",
-                            "IItem::SetProps(0, 1, {10010013, 0, 0, 1})", "IPOutlookApp::Logoff()"));
-    EXPECT_EQ(server.livingObjects(), 0);
-}
-
-TEST(WindowsOutlook, HandsArgumentsOver)
-{
-    const PimstoreServer server;
-    const auto connection = connect();
-    const auto items = connection->GetDefaultFolder(OutlookFolder::Tasks)->get_Items();
-    CallLog calls;
-    items->Sort(u"StartDate", true);
-    items->put_IncludeRecurrences(true);
-    items->Restrict(u"[DueDate] > 1")->Sort(u"DueDate", false);
-    EXPECT_FALSE(items->Item(0));
-    const auto item = items->Item(1);
-    item->QueryItem()->OpenProperty(platform::OutlookStream::Picture);
-    EXPECT_EQ(dynamic_cast<platform::ITask &>(*item).get_Subject(), u"Now");
-    connection->GetItemFromOid(-7);
-    connection->VariantTimeToSystemTime(1.5);
-    EXPECT_THAT(calls.take(),
-                ElementsAre("IPOutlookItemCollection::Sort(StartDate, -1)",
-                            "IPOutlookItemCollection::put_IncludeRecurrences(-1)",
-                            "IPOutlookItemCollection::Restrict([DueDate] > 1)",
-                            "IPOutlookItemCollection::Sort(DueDate, 0)", "IPOutlookItemCollection::Item(1)",
-                            "ITask::QueryInterface(IAppointment)", "ITask::QueryInterface(ITask)",
-                            "ITask::QueryInterface(IItem)", "ITask::get_Subject()",
-                            "IPOutlookApp::SysFreeString(Now)", "IPOutlookApp::GetItemFromOid(-7)",
-                            "IPOutlookApp::VariantTimeToSystemTime(1.500000)"));
+    return std::make_unique<PimstoreServer>();
 }
 
 TEST(WindowsOutlook, TellsFailures)
 {
-    EXPECT_FALSE(connect());
-    const PimstoreServer server;
-    for (const wchar_t *call : {L"IClassFactory::CreateInstance", L"IUnknown::QueryInterface"}) {
-        const FailingCalls failing(call);
-        EXPECT_FALSE(connect());
+    EXPECT_FALSE(contracts::makePlatform()->pocketOutlook().createApplication());
+    PimstoreServer server;
+    for (const int calls : {0, 1, 2}) {
+        server.failAfter(calls);
+        EXPECT_EQ(server.connect() != nullptr, calls == 2)
+            << "making the object, and asking for its interface";
     }
-    {
-        const auto connection = connect();
-        const auto items = connection->GetDefaultFolder(OutlookFolder::Calendar)->get_Items();
-        const auto item = items->Item(1);
-        auto &appointment = dynamic_cast<platform::IAppointment &>(*item);
-        const FailingCalls failing(
-            L"IPOutlookApp::Logon;IPOutlookApp::Logoff;IPOutlookApp::GetDefaultFolder;"
-            L"IPOutlookItemCollection::get_Count;IPOutlookItemCollection::put_IncludeRecurrences;"
-            L"IAppointment::QueryInterface;IAppointment::get_IsRecurring;IAppointment::get_Subject;"
-            L"IAppointment::get_Start;IPOutlookApp::SystemTimeToVariantTime");
-        EXPECT_FALSE(connection->Logon(0));
-        EXPECT_FALSE(connection->Logoff());
-        EXPECT_FALSE(connection->GetDefaultFolder(OutlookFolder::Calendar));
-        EXPECT_FALSE(items->get_Count());
-        EXPECT_FALSE(items->put_IncludeRecurrences(true));
-        EXPECT_FALSE(items->Item(1));
-        EXPECT_FALSE(item->QueryItem());
-        EXPECT_FALSE(appointment.get_IsRecurring() || appointment.get_Subject() || appointment.get_Start());
-        EXPECT_FALSE(connection->SystemTimeToVariantTime({2009, 1, 0, 1, 0, 0, 0, 0}));
-    }
-    EXPECT_EQ(server.livingObjects(), 0);
+    server.failAfter(1000);
+    const auto connection = server.connect();
+    const auto folder = connection->GetDefaultFolder(OutlookFolder::Calendar);
+    const auto items = folder->get_Items();
+    const auto item = items->Item(1);
+    const auto contact = connection->GetDefaultFolder(OutlookFolder::Contacts)->get_Items()->Item(1);
+    auto &appointment = dynamic_cast<platform::IAppointment &>(*item);
+    EXPECT_FALSE(item->QueryItem()->OpenProperty(platform::OutlookStream::Picture));
+    server.failAfter(0);
+    EXPECT_FALSE(connection->Logon(0));
+    EXPECT_FALSE(connection->Logoff());
+    EXPECT_FALSE(connection->GetDefaultFolder(OutlookFolder::Calendar));
+    EXPECT_FALSE(folder->get_Items());
+    EXPECT_FALSE(items->get_Count());
+    EXPECT_FALSE(items->put_IncludeRecurrences(true));
+    EXPECT_FALSE(items->Item(1));
+    EXPECT_FALSE(item->QueryItem());
+    EXPECT_FALSE(appointment.get_IsRecurring() || appointment.get_Subject() || appointment.get_Start());
+    EXPECT_FALSE(dynamic_cast<platform::IContact &>(*contact).get_Oid());
+    EXPECT_FALSE(connection->SystemTimeToVariantTime({2009, 1, 0, 1, 0, 0, 0, 0}));
 }
 
 TEST(WindowsOutlook, LeavesTheThreadAsItWas)
 {
-    const PimstoreServer server;
+    PimstoreServer server;
     for (const HRESULT before : {S_OK, RPC_E_CHANGED_MODE}) {
         if (before == RPC_E_CHANGED_MODE) {
             EXPECT_EQ(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED), S_OK);
         }
-        auto connection = connect();
+        auto connection = server.connect();
         auto folder = connection->GetDefaultFolder(OutlookFolder::Calendar);
         connection.reset();
         EXPECT_EQ(CoInitializeEx(nullptr, COINIT_MULTITHREADED), before == S_OK ? S_FALSE : before);
@@ -129,7 +130,13 @@ TEST(WindowsOutlook, LeavesTheThreadAsItWas)
 
 TEST(WindowsOutlook, LeaksNothing)
 {
-    const PimstoreServer server;
-    expectNoLeak(useOutlook);
-    EXPECT_EQ(server.livingObjects(), 0);
+    PimstoreServer server;
+    expectNoLeak([&] {
+        const auto connection = server.connect();
+        const auto items = connection->GetDefaultFolder(OutlookFolder::Calendar)->get_Items();
+        const auto item = items->Restrict(u"[Subject] = 'Soon'")->Item(1);
+        EXPECT_TRUE(dynamic_cast<platform::IAppointment &>(*item).get_Subject());
+        EXPECT_TRUE(item->QueryItem()->get_Oid());
+        EXPECT_FALSE(items->Restrict(u"nonsense"));
+    });
 }

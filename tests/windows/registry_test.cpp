@@ -1,22 +1,49 @@
-#include "platform/registry.h"
+#include "contracts/registry.h"
 
 #include "contracts/backend.h"
-#include "contracts/registry.h"
 #include "windows/calllog.h"
 #include "windows/resources.h"
 
-#include "platform/windows/handles.h"
+#include "platform/registry.h"
 #include "platform/windows/library.h"
+#include "platform/windows/widetext.h"
 
 #include <gmock/gmock.h>
 
 #include <atomic>
+#include <cstdlib>
 #include <mutex>
 #include <thread>
 
 using platform::RegistryBytes;
 using platform::RegistryRoot;
+using platform::wide;
 using testing::ElementsAre;
+
+std::unique_ptr<platform::Platform> contracts::makeRegistryPlatform()
+{
+    auto platform = makePlatform();
+    libraries::useNone(); // The stand-in for the shell does not see what is written.
+    return platform;
+}
+
+void contracts::makeKey(const std::u16string &path)
+{
+    HKEY key = nullptr;
+    EXPECT_EQ(
+        RegCreateKeyExW(HKEY_CURRENT_USER, wide(path), 0, nullptr, 0, KEY_WRITE, nullptr, &key, nullptr), 0);
+    RegCloseKey(key);
+}
+
+void contracts::removeKey(const std::u16string &path)
+{
+    RegDeleteTreeW(HKEY_CURRENT_USER, wide(path));
+}
+
+void contracts::removeValue(const std::u16string &path, const std::u16string &name)
+{
+    RegDeleteKeyValueW(HKEY_CURRENT_USER, path.empty() ? nullptr : wide(path), wide(name));
+}
 
 namespace {
 
@@ -27,27 +54,14 @@ std::string text(const std::optional<RegistryBytes> &data)
     return data ? std::string(data->begin(), data->end()) : "nothing";
 }
 
-/// Runs a program, which may stand beside this one, and returns its exit code.
-DWORD run(const char *command)
-{
-    STARTUPINFOA start{};
-    start.cb = sizeof(start);
-    PROCESS_INFORMATION process{};
-    std::string line = command; // which the call may write to
-    EXPECT_TRUE(CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, DETACHED_PROCESS, nullptr,
-                               nullptr, &start, &process));
-    CloseHandle(process.hThread);
-    const platform::UniqueHandle handle(process.hProcess);
-    DWORD exitCode = 1;
-    EXPECT_EQ(WaitForSingleObject(handle.get(), INFINITE), WAIT_OBJECT_0);
-    EXPECT_TRUE(GetExitCodeProcess(handle.get(), &exitCode));
-    return exitCode;
-}
-
 class RegistryTest : public testing::Test
 {
 protected:
-    RegistryTest() { contracts::makeKey(path); }
+    explicit RegistryTest(std::unique_ptr<platform::Platform> platform = contracts::makeRegistryPlatform())
+        : m_platform(std::move(platform))
+    {
+        contracts::makeKey(path);
+    }
     ~RegistryTest() override { contracts::removeKey(u"Software\\kestcmd"); }
 
     std::unique_ptr<platform::RegistryNotification> notify(platform::RegistryListener listener)
@@ -55,20 +69,23 @@ protected:
         return m_platform->registry().notify(RegistryRoot::CurrentUser, path, u"value", std::move(listener));
     }
 
-    void useShell() { m_platform = contracts::makePlatform(); }
-
-    std::unique_ptr<platform::Platform> m_platform = contracts::makeRegistryPlatform();
+    const std::unique_ptr<platform::Platform> m_platform;
 };
 
-/// The stand-in for the shell as it tells changes.
-class Shell
+class RegistryOfShellTest : public RegistryTest
 {
-public:
-    void tell(BYTE *data, UINT size, int times = 1) const { m_tell(data, size, times); }
+protected:
+    RegistryOfShellTest()
+        : RegistryTest(contracts::makePlatform())
+    {
+    }
 
-private:
-    const platform::Library m_library{L"aygshell.dll"};
-    void (*const m_tell)(BYTE *, UINT, int) = m_library.find<void(BYTE *, UINT, int)>(L"tellListeners");
+    void tell(BYTE *data, UINT size, int times = 1) const
+    {
+        m_shell.find<void(BYTE *, UINT, int)>(L"tellListeners")(data, size, times);
+    }
+
+    const platform::Library m_shell{L"aygshell.dll"};
 };
 
 } // namespace
@@ -90,14 +107,13 @@ TEST_F(RegistryTest, TellsWhatOtherProgramsChange)
         {R"(reg add HKCU\Software\kestcmd\test /v VALUE /t REG_SZ /d a /f)", {'a', 0, 0, 0}},
         {R"(reg delete HKCU\Software\kestcmd\Test /v value /f)", "nothing"},
         {R"(reg add HKCU\Software\kestcmd\Test /v value /t REG_BINARY /d 3132 /f)", "12"},
-        {R"(valuewriter.exe Software\kestcmd\Test value other)", "other"},
         {R"(reg delete HKCU\Software\kestcmd /f)", "nothing"},
         {R"(reg add HKCU\Software\kestcmd\Test /v value /t REG_BINARY /d 33 /f)", "3"},
     };
     std::vector<std::string> expected;
     for (const auto &step : steps) {
         expected.push_back(step.note);
-        EXPECT_EQ(run(step.command), 0U) << step.command;
+        EXPECT_EQ(std::system(step.command), 0) << step.command;
         EXPECT_TRUE(contracts::waitUntil([&] {
             const std::lock_guard<std::mutex> lock(mutex);
             return notes == expected;
@@ -105,10 +121,8 @@ TEST_F(RegistryTest, TellsWhatOtherProgramsChange)
     }
 }
 
-TEST_F(RegistryTest, LeavesTellingToTheShell)
+TEST_F(RegistryOfShellTest, LeavesTellingToTheShell)
 {
-    useShell();
-    const Shell shell;
     CallLog log;
     std::vector<std::string> notes;
     auto first = notify([&](const auto &data) { notes.push_back("first " + text(data)); });
@@ -117,14 +131,14 @@ TEST_F(RegistryTest, LeavesTellingToTheShell)
                                       [&](const auto &data) { notes.push_back("second " + text(data)); });
     EXPECT_FALSE(m_platform->registry().notify(RegistryRoot::None, path, u"value", [](const auto &) {}));
     {
-        const FailingCalls failing(L"RegistryNotifyCallback");
+        const FailingCalls failing({"RegistryNotifyCallback"});
         EXPECT_FALSE(notify([](const auto &) {}));
     }
     BYTE data[] = "abc";
-    shell.tell(data, 2);
-    shell.tell(data, 0);
+    tell(data, 2);
+    tell(data, 0);
     first.reset();
-    shell.tell(nullptr, 0);
+    tell(nullptr, 0);
     EXPECT_THAT(notes, ElementsAre("first ab", "second ab", "first ", "second ", "second nothing"));
     EXPECT_THAT(log.take(),
                 ElementsAre("RegistryNotifyCallback(2147483649, Software\\kestcmd\\Test, value, 0)",
@@ -133,15 +147,13 @@ TEST_F(RegistryTest, LeavesTellingToTheShell)
                             "RegistryCloseNotification(1)"));
 }
 
-TEST_F(RegistryTest, EndsWhileTheShellTells)
+TEST_F(RegistryOfShellTest, EndsWhileTheShellTells)
 {
-    useShell();
-    const Shell shell;
     std::atomic<bool> isEnding(false);
     std::thread teller([&] {
         BYTE data[] = "a";
         while (!isEnding)
-            shell.tell(data, 1, 100);
+            tell(data, 1, 100);
     });
     for (int i = 0; i < 20; ++i) {
         std::atomic<bool> isCalled(false);
@@ -171,7 +183,9 @@ TEST_F(RegistryTest, KeepsNothing)
     });
     constexpr int threads = 2000; // which take 2 ms each
     expectNoLeak([&] { notify([](const auto &) {}); }, threads);
-    useShell();
-    const Shell shell;
+}
+
+TEST_F(RegistryOfShellTest, KeepsNothing)
+{
     expectNoLeak([&] { notify([](const auto &) {}); });
 }

@@ -67,10 +67,8 @@ int countGdiObjects()
 
 int countHeapBlocks()
 {
-    std::vector<HANDLE> heaps(100);
-    const DWORD heapCount = GetProcessHeaps(static_cast<DWORD>(heaps.size()), heaps.data());
-    EXPECT_LE(heapCount, heaps.size());
-    heaps.resize(heapCount);
+    std::vector<HANDLE> heaps(GetProcessHeaps(0, nullptr));
+    EXPECT_EQ(GetProcessHeaps(static_cast<DWORD>(heaps.size()), heaps.data()), heaps.size());
     int count = 0;
     for (const HANDLE heap : heaps) {
         PROCESS_HEAP_ENTRY entry{};

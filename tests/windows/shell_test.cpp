@@ -11,6 +11,11 @@ namespace fs = std::filesystem;
 
 using ShellTest = contracts::ShellTest;
 
+void contracts::hide(const fs::path &path)
+{
+    EXPECT_TRUE(SetFileAttributesW(path.c_str(), GetFileAttributesW(path.c_str()) | FILE_ATTRIBUTE_HIDDEN));
+}
+
 TEST_F(ShellTest, OpensADocumentWithItsProgram)
 {
     const auto setDefault = [](const wchar_t *key, const std::wstring &text) {

@@ -29,8 +29,8 @@ TEST(SoundTest, PassesArgumentsOnAndFailuresBack)
     expectNoLeak(succeed);
 
     read.type = SoundType::File;
-    for (const wchar_t *call : {L"aygshell 389", L"aygshell 390"}) {
-        const FailingCalls failing(call);
+    for (const char *call : {"aygshell 389", "aygshell 390"}) {
+        const FailingCalls failing({call});
         EXPECT_FALSE(succeed());
     }
     EXPECT_EQ(read.type, SoundType::File);

@@ -1,20 +1,97 @@
 #include "contracts/backend.h"
+#include "contracts/programfolder.h"
 #include "contracts/toplevelwindows.h"
 #include "windows/resources.h"
 
+#include "platform/windows/handles.h"
 #include "platform/windows/widetext.h"
 #include "platform/windows/windowhandles.h"
+#include "platform/windows/windowshiddenwindows.h"
 #include "platform/windows/windowstoplevelwindows.h"
 
 #include <gmock/gmock.h>
+#include <process.h>
 
-namespace {
+#include <filesystem>
+#include <fstream>
 
+namespace fs = std::filesystem;
 using platform::Picture;
 using platform::WindowHandle;
 
+namespace {
+
 constexpr std::uint32_t red = 0xffff0000;
 constexpr std::uint32_t blue = 0xff0000ff;
+
+class Opener : public contracts::WindowOpener
+{
+public:
+    explicit Opener(const std::vector<std::u16string> &windows)
+    {
+        const auto output = fs::path(contracts::scratchFolder()) / "opened";
+        std::ofstream(output).flush();
+        m_output.open(output);
+        std::wstring line = L'"' + output.native() + L'"';
+        for (const std::u16string &argument : windows)
+            line += L" \"" + fs::path(argument).native() + L'"';
+        m_process.reset(reinterpret_cast<HANDLE>(
+            _wspawnl(_P_NOWAIT, fs::path(file()).c_str(), L"windowopener", line.c_str(), nullptr)));
+    }
+    ~Opener() override
+    {
+        TerminateProcess(m_process.get(), 0);
+        WaitForSingleObject(m_process.get(), INFINITE);
+    }
+    Opener(const Opener &) = delete;
+    Opener &operator=(const Opener &) = delete;
+
+    std::u16string file() const override
+    {
+        return (contracts::programFolder() / "windowopener.exe").u16string();
+    }
+
+    std::string readLine() override
+    {
+        std::string line;
+        const bool isRead = contracts::waitUntil([&] {
+            const auto begin = m_output.tellg();
+            const bool isWhole = std::getline(m_output, line) && !m_output.eof();
+            m_output.clear();
+            if (!isWhole)
+                m_output.seekg(begin);
+            return isWhole;
+        });
+        return isRead ? line : std::string();
+    }
+
+private:
+    std::ifstream m_output;
+    platform::UniqueHandle m_process;
+};
+
+class Target : public contracts::MessageTarget
+{
+public:
+    explicit Target(const std::u16string &title)
+    {
+        SetWindowTextW(platform::windowOf(m_window->handle()), platform::wide(title));
+    }
+
+    platform::TopLevelWindows &windows() override { return m_windows; }
+
+private:
+    platform::WindowsTopLevelWindows m_windows;
+    platform::WindowsHiddenWindows m_hiddenWindows;
+    const std::unique_ptr<platform::HiddenWindowClass> m_class =
+        m_hiddenWindows.registerClass(u"Target", [this](const platform::WindowMessage &message) {
+            const bool isPosted = message.message == WM_COMMAND || message.message >= WM_APP;
+            if (isPosted)
+                taken.push_back(message);
+            return isPosted;
+        });
+    const std::unique_ptr<platform::HiddenWindow> m_window = m_class->createWindow();
+};
 
 class WindowsTopLevelWindowsTest : public testing::Test
 {
@@ -33,6 +110,16 @@ protected:
 };
 
 } // namespace
+
+std::unique_ptr<contracts::WindowOpener> contracts::openWindows(const std::vector<std::u16string> &windows)
+{
+    return std::make_unique<Opener>(windows);
+}
+
+std::unique_ptr<contracts::MessageTarget> contracts::makeTarget(const std::u16string &title)
+{
+    return std::make_unique<Target>(title);
+}
 
 TEST_F(WindowsTopLevelWindowsTest, ChildrenAreNotEnumeratedButTold)
 {
@@ -53,13 +140,14 @@ TEST_F(WindowsTopLevelWindowsTest, ChildrenAreNotEnumeratedButTold)
 TEST_F(WindowsTopLevelWindowsTest, CommandsReachOtherPrograms)
 {
     open({u"window", u"Listens"});
+    const WindowHandle window = windowOf(u"Listens");
     for (const int command : {1, 40001}) {
-        EXPECT_TRUE(m_windows.post(windowOf(u"Listens"),
-                                   {platform::commandMessage, static_cast<std::uint64_t>(command), 0}));
+        EXPECT_TRUE(
+            m_windows.post(window, {platform::commandMessage, static_cast<std::uint64_t>(command), 0}));
         EXPECT_TRUE(m_opener->tells("command " + std::to_string(command)));
     }
-    EXPECT_TRUE(m_windows.setForeground(windowOf(u"Listens")));
-    EXPECT_EQ(platform::handleOf(GetForegroundWindow()), windowOf(u"Listens"));
+    EXPECT_TRUE(m_windows.setForeground(window));
+    EXPECT_EQ(platform::handleOf(GetForegroundWindow()), window);
 }
 
 TEST_F(WindowsTopLevelWindowsTest, ClosingWaitsUntilItIsHandled)

@@ -1,10 +1,10 @@
-// windowopener KIND TITLE [KIND TITLE...]
+// windowopener OUTPUT KIND TITLE [KIND TITLE...]
 //
-// Opens windows, each red with a blue edge one pixel wide, and prints what happens to them: "active TITLE",
-// "closed TITLE" and "command NUMBER". Of the kinds, "window" is nothing special and has no frame, "framed"
-// has one, "minimized" is minimised, "dialog" belongs to the window before it and "child" stands inside it,
-// "huge" is 9000 pixels wide, "slow" takes a moment to close, and "hanging" makes the program take no message
-// any more.
+// Opens windows, each red with a blue edge one pixel wide, and writes to a file what happens to them: "active
+// TITLE", "closed TITLE" and "command NUMBER". Of the kinds, "window" is nothing special and has no frame,
+// "framed" has one, "minimized" is minimised, "dialog" belongs to the window before it and "child" stands
+// inside it, "huge" is 9000 pixels wide, "slow" takes a moment to close, and "hanging" makes the program take
+// no message any more.
 
 #include <windows.h>
 
@@ -46,10 +46,9 @@ void paint(HWND window)
     const HDC context = BeginPaint(window, &area);
     RECT inside{};
     GetClientRect(window, &inside);
-    for (const COLORREF colour : {RGB(0, 0, 255), RGB(255, 0, 0)}) {
-        const HBRUSH brush = CreateSolidBrush(colour);
+    static const HBRUSH brushes[] = {CreateSolidBrush(RGB(0, 0, 255)), CreateSolidBrush(RGB(255, 0, 0))};
+    for (const HBRUSH brush : brushes) {
         FillRect(context, &inside, brush);
-        DeleteObject(brush);
         InflateRect(&inside, -1, -1);
     }
     EndPaint(window, &area);
@@ -88,13 +87,15 @@ LRESULT CALLBACK takeMessage(HWND window, UINT message, WPARAM wParam, LPARAM lP
 
 int wmain(int argc, wchar_t **argv)
 {
+    if (argc < 2 || !_wfreopen(argv[1], L"w", stdout))
+        return 1;
     WNDCLASSW description{};
     description.lpfnWndProc = takeMessage;
     description.lpszClassName = L"Opened";
     RegisterClassW(&description);
     bool isHanging = false;
     HWND before = nullptr;
-    for (int i = 1; i + 1 < argc; i += 2) {
+    for (int i = 2; i + 1 < argc; i += 2) {
         const std::wstring name = argv[i];
         const auto found = kinds.find(name);
         const Kind kind = found == kinds.end() ? Kind() : found->second;

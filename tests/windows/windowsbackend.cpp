@@ -1,42 +1,44 @@
 #include "contracts/backend.h"
 #include "contracts/programfolder.h"
-
-#include "platform/windows/widetext.h"
-#include "platform/windows/windowsplatform.h"
 #include "windows/calllog.h"
+
+#include "platform/windows/windowsplatform.h"
 
 #include <gmock/gmock.h>
 #include <windows.h>
 
 #include <filesystem>
 
-namespace contracts {
+namespace fs = std::filesystem;
 
-namespace {
-class TemporaryFolder
+/// What the stand-ins call, see standins/calllog.h.
+extern "C" __declspec(dllexport) bool takeCall(const char *function, const char *arguments)
 {
-public:
-    TemporaryFolder()
-        : m_path(std::filesystem::temp_directory_path() / ("kestcmd" + std::to_string(GetCurrentProcessId())))
-    {
-        // Wine soon gives a process's id to another one: a program that was killed may have left its folder.
-        std::filesystem::remove_all(m_path);
-        EXPECT_TRUE(std::filesystem::create_directory(m_path));
-    }
-    ~TemporaryFolder()
-    {
-        std::error_code ignored;
-        std::filesystem::remove_all(m_path, ignored);
-    }
-    TemporaryFolder(const TemporaryFolder &) = delete;
-    TemporaryFolder &operator=(const TemporaryFolder &) = delete;
+    if (CallLog::current)
+        CallLog::current->calls.push_back(std::string(function) + '(' + arguments + ')');
+    return FailingCalls::functions.count(function) > 0;
+}
 
-    std::u16string path() const { return platform::utf16(m_path.native()); }
+void libraries::useStandIns()
+{
+    SetDllDirectoryW((contracts::programFolder() / "standins").c_str());
+}
 
-private:
-    std::filesystem::path m_path;
-};
-} // namespace
+void libraries::useNone()
+{
+    SetDllDirectoryW(nullptr);
+}
+
+void libraries::useEmpty(const std::vector<const wchar_t *> &names)
+{
+    const auto folder = fs::path(contracts::scratchFolder()) / "empty libraries";
+    fs::create_directory(folder);
+    for (const wchar_t *name : names)
+        copy_file(contracts::programFolder() / "standins/empty.dll", folder / name);
+    SetDllDirectoryW(folder.c_str());
+}
+
+namespace contracts {
 
 std::unique_ptr<platform::Platform> makePlatform()
 {
@@ -47,15 +49,30 @@ std::unique_ptr<platform::Platform> makePlatform()
 
 std::u16string scratchFolder()
 {
-    static const TemporaryFolder folder;
-    return folder.path();
+    static const auto path = fs::temp_directory_path() / ("kestcmd" + std::to_string(GetCurrentProcessId()));
+    static const struct Folder
+    {
+        Folder()
+        {
+            // Wine soon gives a process's id to another one, and one that was killed may have left its
+            // folder.
+            fs::remove_all(path);
+            EXPECT_TRUE(fs::create_directory(path));
+        }
+        ~Folder()
+        {
+            std::error_code ignored;
+            fs::remove_all(path, ignored);
+        }
+    } folder;
+    return path.u16string();
 }
 
-std::filesystem::path programFolder()
+fs::path programFolder()
 {
     wchar_t program[MAX_PATH] = {};
     GetModuleFileNameW(nullptr, program, MAX_PATH);
-    return std::filesystem::path(program).parent_path();
+    return fs::path(program).parent_path();
 }
 
 void processEvents()

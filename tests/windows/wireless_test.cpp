@@ -47,7 +47,7 @@ TEST_F(WirelessTest, PassesArgumentsOnAndFailuresBack)
                 testing::ElementsAre("ossvcs 276(5)", "ossvcs 273(PHONE1, 0, 1)", "ossvcs 280(WLAN1)",
                                      "BTHUTIL 1(2)", "coredll DevicePowerNotify(WLAN1, 4, 1)"));
 
-    const FailingCalls failing(L"ossvcs 276;ossvcs 273;BTHUTIL 1");
+    const FailingCalls failing({"ossvcs 276", "ossvcs 273", "BTHUTIL 1"});
     EXPECT_EQ(library->deviceList(m_head, 0), ERROR_GEN_FAILURE);
     EXPECT_EQ(library->changeState(m_device, 0, 1), ERROR_GEN_FAILURE);
     EXPECT_EQ(m_bluetooth.setMode(BluetoothMode::Discoverable), ERROR_GEN_FAILURE);
