@@ -106,10 +106,12 @@ TEST_F(OutlookCollectionTest, KeepsItemsWhenTheirFilesAndTheConnectionAreGone)
     EXPECT_TRUE(folder->SetProps(0, {{platform::folderNotifications, 0, 0, platform::remoteChanges}}));
 }
 
-TEST(VariantDate, IsOfTheCalendarOnly)
+TEST(VariantDate, RoundsToDaysOfTheCalendarOnly)
 {
     using platform::SystemTime;
-    EXPECT_FALSE(platform::toSystemTime(2958465.999999)); // rounds up to a day too many
+    const SystemTime rounded = platform::toSystemTime(40134.999999).value_or(SystemTime());
+    EXPECT_EQ(std::pair(rounded.day, rounded.dayOfWeek), std::pair(std::uint16_t(18), std::uint16_t(3)));
+    EXPECT_FALSE(platform::toSystemTime(2958465.999999)); // a day too many
     for (const SystemTime &none :
          {SystemTime{2009, 2, 0, 29, 0, 0, 0, 0}, {2009, 2, 0, 28, 24, 0, 0, 0}, {99, 2, 0, 28, 0, 0, 0, 0}})
         EXPECT_FALSE(platform::toVariantDate(none)) << none.year << ' ' << none.hour;

@@ -1,6 +1,7 @@
 #include "contracts/registry.h"
 
 #include "contracts/backend.h"
+#include "contracts/programfolder.h"
 #include "windows/calllog.h"
 #include "windows/resources.h"
 
@@ -12,6 +13,7 @@
 
 #include <atomic>
 #include <cstdlib>
+#include <filesystem>
 #include <mutex>
 #include <thread>
 
@@ -107,9 +109,11 @@ TEST_F(RegistryTest, TellsWhatOtherProgramsChange)
         {R"(reg add HKCU\Software\kestcmd\test /v VALUE /t REG_SZ /d a /f)", {'a', 0, 0, 0}},
         {R"(reg delete HKCU\Software\kestcmd\Test /v value /f)", "nothing"},
         {R"(reg add HKCU\Software\kestcmd\Test /v value /t REG_BINARY /d 3132 /f)", "12"},
+        {R"(valuewriter Software\kestcmd\Test value other)", "other"},
         {R"(reg delete HKCU\Software\kestcmd /f)", "nothing"},
         {R"(reg add HKCU\Software\kestcmd\Test /v value /t REG_BINARY /d 33 /f)", "3"},
     };
+    std::filesystem::current_path(contracts::programFolder());
     std::vector<std::string> expected;
     for (const auto &step : steps) {
         expected.push_back(step.note);
