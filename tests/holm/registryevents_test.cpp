@@ -1,7 +1,6 @@
 #include "support/holmprocess.h"
 #include "support/registryprocess.h"
 
-#include <QtCore/QElapsedTimer>
 #include <QtCore/QFile>
 #include <csignal>
 #include <gmock/gmock.h>
